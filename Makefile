@@ -1,0 +1,30 @@
+# Top-level entry points. Each target installs what is missing first.
+BUILD ?= build
+JOBS ?= 2
+
+.PHONY: all deps build test test-unit test-octave test-browser bench demo clean
+
+all: build
+
+deps:
+	@scripts/install-deps
+
+$(BUILD)/CMakeCache.txt:
+	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+
+build: deps $(BUILD)/CMakeCache.txt
+	cmake --build $(BUILD) -j$(JOBS)
+
+test: build
+	cd $(BUILD) && ctest --output-on-failure -j$(JOBS)
+	@if [ -x tests/octave/run ]; then tests/octave/run $(BUILD); fi
+	@if [ -x tests/browser/run ]; then tests/browser/run $(BUILD); fi
+
+bench: build
+	$(BUILD)/tempogauge_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
+
+demo: build
+	$(BUILD)/tempogauge demo --out tempogauge-demo
+
+clean:
+	rm -rf $(BUILD)

@@ -1,0 +1,10 @@
+// A bidirectional table between names and dense ids (0, 1, 2, ... in order of
+// first sight). Names compare as bytes.
+#pragma once
+
+#include <boost/bimap.hpp>
+#include <boost/bimap/set_of.hpp>
+#include <cstdint>
+#include <string>
+
+using NameTable = boost::bimap<boost::bimaps::set_of<std::string>, boost::bimaps::set_of<std::int32_t>>;

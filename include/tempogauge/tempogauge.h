@@ -1,0 +1,6 @@
+// tempogauge: a tracer of time and memory. The public API for C++ callers.
+#pragma once
+
+#include "collect/number_text.h"
+#include "collect/paths.h"
+#include "tempogauge/collect.h"

@@ -1,0 +1,84 @@
+// Raw points: defaults, copies, sites, row cells and cell rows.
+#include <gtest/gtest.h>
+
+#include "tempogauge/tempogauge.h"
+
+namespace {
+
+struct ErrorInfo : TGDiagnosticInfo {
+  explicit ErrorInfo(bool e) : error(e) {}
+  bool isErrorRow() const override { return error; }
+  bool error;
+};
+
+TEST(RawPoint, DefaultsPerClass) {
+  const TGLoomchartDataPoint p;
+  EXPECT_EQ(p.pointType, 2);
+  for (const int id : {p.groupingId, p.phaseId, p.statisticsTypeId, p.modelId, p.targetId, p.machineId, p.chartId})
+    EXPECT_EQ(id, -1);
+  ASSERT_TRUE(p.basicMemStats && p.detailedMemStats);
+  EXPECT_EQ(p.detailedMemStats->freeMem, 0.0);
+  EXPECT_EQ(TGCWGENDataPoint().pointType, 1);
+  EXPECT_EQ(TGORRERYDataPoint().pointType, 0);
+}
+
+TEST(RawPoint, CopyIsDeepAndKeepsGap) {
+  TGCWGENDataPoint p;
+  p.flags.isGap = 1;
+  p.modelId = 4;
+  p.basicMemStats->procMemUsage = 123.0;
+  const TGCWGENDataPoint copy(p);
+  EXPECT_EQ(copy.isGap(), true);
+  EXPECT_EQ(copy.modelId, 4);
+  EXPECT_NE(copy.basicMemStats.get(), p.basicMemStats.get());
+  EXPECT_EQ(copy.basicMemStats->procMemUsage, 123.0);
+}
+
+TEST(RawPoint, SameSiteIgnoresFlagsButNotKindOrTarget) {
+  auto start = std::make_shared<TGORRERYDataPoint>();
+  start->groupingId = 3;
+  start->phaseId = 5;
+  start->flags.isStart = 1;
+  auto end = std::make_shared<TGORRERYDataPoint>(*start);
+  end->flags.isStart = 0;
+  end->wallTime = 9.0;
+  EXPECT_TRUE(start->isSameSite(end));
+  auto cw = std::make_shared<TGCWGENDataPoint>();
+  cw->groupingId = 3;
+  cw->phaseId = 5;
+  EXPECT_FALSE(start->isSameSite(cw));
+  auto cw2 = std::make_shared<TGCWGENDataPoint>(*cw);
+  cw2->targetId = 7;
+  EXPECT_FALSE(cw->isSameSite(cw2));
+}
+
+TEST(RawPoint, CellWriters) {
+  TGCWGENDataPoint p;
+  EXPECT_EQ(p.writeStartEndCell(), "                <td>End</td>\n");
+  EXPECT_EQ(p.writeModelCell(), "                <td>&nbsp;</td>\n");
+  EXPECT_EQ(p.writeTypeCell(), "                <td>Cogwheel</td>\n");
+  EXPECT_EQ(p.writeRowOpen(true), "            <tr style=\"background:#FF1A00\">\n");
+}
+
+TEST(RawPoint, LoomchartRowOnlyInWidestMode) {
+  const TGLoomchartDataPoint p;
+  const auto info = std::make_shared<const ErrorInfo>(false);
+  EXPECT_EQ(p.writeDiagnosticRow(1, info), "");
+  EXPECT_NE(p.writeDiagnosticRow(2, info), "");
+  EXPECT_EQ(TGORRERYDataPoint().writeDiagnosticRow(0, nullptr), "");
+}
+
+TEST(RawPoint, StatsCellsWithoutDetailedRecord) {
+  TGORRERYDataPoint p;
+  p.detailedMemStats.reset();
+  p.wallTime = 1.234;
+  const std::string cells = p.writeStatsCells();
+  EXPECT_EQ(cells.substr(0, std::string("                <td>1.2                </td>\n").size()),
+            "                <td>1.2                </td>\n");
+  std::size_t zeros = 0;
+  for (std::size_t at = cells.find("<td>0.0</td>"); at != std::string::npos; at = cells.find("<td>0.0</td>", at + 1))
+    ++zeros;
+  EXPECT_EQ(zeros, 5u);
+}
+
+}  // namespace
