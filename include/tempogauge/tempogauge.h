@@ -4,3 +4,4 @@
 #include "collect/number_text.h"
 #include "collect/paths.h"
 #include "tempogauge/collect.h"
+#include "tempogauge/analysis.h"

@@ -1,0 +1,17 @@
+// Trace analysis: processed points, pairing, aggregate table and call tree.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "analysis/aggregate_table.h"
+#include "analysis/call_tree.h"
+#include "analysis/pairing.h"
+#include "analysis/processed_data_struct.h"
+#include "analysis/processed_point.h"
+
+// Pairs the points of the named groupings (or of the named models). A null
+// `raw` pairs a deep copy of the tracer's own points; a given vector keeps the
+// gap points that pairing inserts into it.
+TGProcessedDataStruct tgGetProcessedDataForGroupings(RawPointVector* raw, const std::vector<std::string>& names);
+TGProcessedDataStruct tgGetProcessedDataForModels(RawPointVector* raw, const std::vector<std::string>& names);
