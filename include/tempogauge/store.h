@@ -3,4 +3,11 @@
 // interface that these raise.
 #pragma once
 
+#include "host/data_file.h"
+#include "host/host_bridge.h"
+#include "host/ox_array.h"
 #include "scripting/errors.h"
+#include "store/raw_points_array.h"
+#include "store/system_info_array.h"
+#include "store/system_info_collection.h"
+#include "store/trace_file.h"

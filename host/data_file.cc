@@ -1,0 +1,106 @@
+#include "host/data_file.h"
+
+#include <matio.h>
+
+#include <array>
+#include <cstdio>
+#include <mutex>
+#include <string>
+
+#include "host/mat_variable.h"
+
+class orfFile {
+ public:
+  orfFile(mat_t* mat, bool writable) : mat_(mat), writable_(writable) {}
+  orfFile(const orfFile&) = delete;
+  orfFile& operator=(const orfFile&) = delete;
+  ~orfFile() { close(); }
+
+  mat_t* mat() const { return mat_; }
+  bool writable() const { return writable_; }
+  int close() {
+    if (!mat_) return -1;
+    const int status = Mat_Close(mat_);
+    mat_ = nullptr;
+    return status;
+  }
+
+ private:
+  mat_t* mat_;
+  bool writable_;
+};
+
+void orfFileCloser::operator()(orfFile* file) const { std::default_delete<orfFile>()(file); }
+
+namespace {
+
+// matio reports problems of damaged files on standard error; the callers
+// here answer with a null result instead, so its messages are dropped.
+void quietMatioLog(int, char*) {}
+
+void initMatioLog() {
+  static std::once_flag once;
+  std::call_once(once, [] { Mat_LogInitFunc("tempogauge", &quietMatioLog); });
+}
+
+// A level-5 file starts with 116 bytes of text, 8 of subsystem offset, the
+// version 0x0100 and the endian mark "IM" (or "MI" when written big-endian).
+bool hasLevel5Header(const std::string& name) {
+  std::FILE* f = std::fopen(name.c_str(), "rb");
+  if (!f) return false;
+  std::array<unsigned char, 128> header{};
+  const std::size_t got = std::fread(header.data(), 1, header.size(), f);
+  std::fclose(f);
+  if (got != header.size()) return false;
+  const unsigned char v0 = header[124], v1 = header[125], e0 = header[126], e1 = header[127];
+  if (e0 == 'I' && e1 == 'M') return v0 == 0x00 && v1 == 0x01;
+  if (e0 == 'M' && e1 == 'I') return v0 == 0x01 && v1 == 0x00;
+  return false;
+}
+
+constexpr const char* kHeaderText = "tempogauge trace file (level 5 data file)";
+
+}  // namespace
+
+orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
+  initMatioLog();
+  const std::string path(name);
+  if (path.empty()) return nullptr;
+  if (mode == "r") {
+    if (!hasLevel5Header(path)) return nullptr;
+    mat_t* mat = Mat_Open(path.c_str(), MAT_ACC_RDONLY);
+    if (!mat) return nullptr;
+    if (Mat_GetVersion(mat) != MAT_FT_MAT5) {
+      Mat_Close(mat);
+      return nullptr;
+    }
+    return orfFilePtr(new orfFile(mat, false));
+  }
+  if (mode == "w") {
+    mat_t* mat = Mat_CreateVer(path.c_str(), kHeaderText, MAT_FT_MAT5);
+    if (!mat) return nullptr;
+    return orfFilePtr(new orfFile(mat, true));
+  }
+  return nullptr;
+}
+
+int orfPutVariable(orfFile* file, std::string_view name, const oxArray* array) {
+  if (!file || !file->mat() || !file->writable() || !array || name.empty()) return -1;
+  MatVariablePtr variable = tgArrayToMatVariable(name, array);
+  if (!variable) return -1;
+  return Mat_VarWrite(file->mat(), variable.get(), MAT_COMPRESSION_ZLIB) == 0 ? 0 : -1;
+}
+
+oxArrayPtr orfGetVariable(orfFile* file, std::string_view name) {
+  if (!file || !file->mat() || file->writable() || name.empty()) return nullptr;
+  const std::string n(name);
+  MatVariablePtr variable(Mat_VarRead(file->mat(), n.c_str()));
+  return tgMatVariableToArray(variable.get());
+}
+
+int orfClose(orfFilePtr& file) {
+  if (!file) return -1;
+  const int status = file->close();
+  file.reset();
+  return status;
+}
