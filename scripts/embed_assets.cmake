@@ -2,6 +2,7 @@
 # named after the file (dots and dashes become underscores), plus a lookup table.
 set(body "// Generated from report/assets; do not edit.\n#include <string_view>\n#include <utility>\n\nnamespace tg::assets {\n")
 set(table "")
+string(REPLACE "|" ";" INPUTS "${INPUTS}")
 foreach(input IN LISTS INPUTS)
   get_filename_component(name ${input} NAME)
   string(MAKE_C_IDENTIFIER ${name} ident)

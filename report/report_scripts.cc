@@ -1,0 +1,50 @@
+#include "report/report_scripts.h"
+
+#include <array>
+
+#include "report/document_fragments.h"
+#include "report/report_assets.h"
+#include "report/text_escape.h"
+#include "report/variant_text.h"
+
+void writeSortScript(std::string& out) {
+  out += kScriptOpen;
+  appendVariantText(out, tg::assets::sort_script_js, ReportVariant{});
+  out += kScriptClose;
+}
+
+void writeCommonScript(std::string& out, std::string_view metric, bool isComparison, std::string_view lhsName,
+                       std::string_view rhsName, bool aggregateOnly) {
+  // The labels are shown as markup by the tables, so they are escaped for
+  // HTML first and then for the script string they are written into.
+  const std::string lhs = scriptStringEscaped(htmlEscaped(lhsName));
+  const std::string rhs = scriptStringEscaped(htmlEscaped(rhsName));
+  const std::array<TextSubstitution, 2> labels{{{"@LHS_NAME@", lhs}, {"@RHS_NAME@", rhs}}};
+  ReportVariant variant;
+  variant.metric = metric;
+  variant.isComparison = isComparison;
+  variant.aggregateOnly = aggregateOnly;
+  out += kScriptOpen;
+  appendVariantText(out, tg::assets::common_script_js, variant, labels);
+}
+
+void writeTabScript(std::string& out, std::string_view metric, bool hasDetailedMemStats, bool isComparison,
+                    bool aggregateOnly) {
+  ReportVariant variant;
+  variant.metric = metric;
+  variant.isComparison = isComparison;
+  variant.aggregateOnly = aggregateOnly;
+  variant.hasDetailedMemStats = hasDetailedMemStats;
+  out += kScriptOpen;
+  appendVariantText(out, tg::assets::tab_script_js, variant);
+  out += kScriptClose;
+}
+
+void writeAggregateScript(std::string& out, std::string_view metric, bool isComparison, bool aggregateOnly) {
+  ReportVariant variant;
+  variant.metric = metric;
+  variant.isComparison = isComparison;
+  variant.aggregateOnly = aggregateOnly;
+  appendVariantText(out, tg::assets::aggregate_script_js, variant);
+  if (aggregateOnly) out += kScriptClose;
+}

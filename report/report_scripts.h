@@ -1,0 +1,24 @@
+// The script pieces of a report that this module writes: the sort block, the
+// common script library, the tab switching script and the aggregate table.
+// Each appends only the lines of its own report variant.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// A complete script element with the quicksort block.
+void writeSortScript(std::string& out);
+
+// Opens a script element with the common library and leaves it open: the
+// comparison data and the table scripts follow in the same element. The run
+// labels are "none" in single-run reports.
+void writeCommonScript(std::string& out, std::string_view metric, bool isComparison, std::string_view lhsName,
+                       std::string_view rhsName, bool aggregateOnly);
+
+// A complete script element with ShowTable and its helpers.
+void writeTabScript(std::string& out, std::string_view metric, bool hasDetailedMemStats, bool isComparison,
+                    bool aggregateOnly);
+
+// The aggregate table's functions; closes the open script element when the
+// report has the aggregate view only.
+void writeAggregateScript(std::string& out, std::string_view metric, bool isComparison, bool aggregateOnly);

@@ -1,0 +1,305 @@
+// The pieces of a report document: variant selection of the embedded script
+// and style text, escaping of user text, the page head, the tab bars, the
+// scroller divs and the system information tables.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+#include <string_view>
+
+#include "report/page_head.h"
+#include "report/report_assets.h"
+#include "report/report_scripts.h"
+#include "report/system_info_table.h"
+#include "report/tab_bars.h"
+#include "report/tab_divs.h"
+#include "report/text_escape.h"
+#include "report/variant_text.h"
+
+namespace {
+
+std::size_t countOf(std::string_view text, std::string_view what) {
+  std::size_t count = 0;
+  for (auto pos = text.find(what); pos != std::string_view::npos; pos = text.find(what, pos + what.size())) ++count;
+  return count;
+}
+
+std::string selected(std::string_view asset, const ReportVariant& variant) {
+  std::string out;
+  appendVariantText(out, asset, variant);
+  return out;
+}
+
+ReportVariant variantOf(std::string_view metric, bool comparison, bool aggregateOnly, bool detail = false) {
+  ReportVariant variant;
+  variant.metric = metric;
+  variant.isComparison = comparison;
+  variant.aggregateOnly = aggregateOnly;
+  variant.hasDetailedMemStats = detail;
+  return variant;
+}
+
+TEST(VariantText, KeepsOnlyTheLinesOfItsVariant) {
+  const std::string_view asset =
+      "a\n"
+      "//#if comparison\n"
+      "b\n"
+      "//#if time || basicmemory\n"
+      "c\n"
+      "//#else\n"
+      "d\n"
+      "//#endif\n"
+      "//#else\n"
+      "e\n"
+      "//#endif\n"
+      "    // a comment line is dropped\n"
+      "/*#if !aggregateOnly && detailedMemStats*/\n"
+      "f\n"
+      "/*#endif*/\n";
+  EXPECT_EQ(selected(asset, variantOf("time", true, false)), "a\nb\nc\n");
+  EXPECT_EQ(selected(asset, variantOf("detailedmemory", true, false)), "a\nb\nd\n");
+  EXPECT_EQ(selected(asset, variantOf("time", false, false)), "a\ne\n");
+  EXPECT_EQ(selected(asset, variantOf("time", false, false, true)), "a\ne\nf\n");
+  EXPECT_EQ(selected(asset, variantOf("time", false, true, true)), "a\ne\n");
+}
+
+TEST(VariantText, ReplacesPlaceholdersInKeptLines) {
+  const std::array<TextSubstitution, 2> labels{{{"@L@", "left"}, {"@R@", "@L@"}}};
+  std::string out;
+  appendVariantText(out, "var x = \"@L@\" + \"@R@\" + \"@L@\";\n", ReportVariant{}, labels);
+  // A value is never scanned again for placeholders.
+  EXPECT_EQ(out, "var x = \"left\" + \"@L@\" + \"left\";\n");
+}
+
+TEST(VariantText, RejectsMalformedDirectives) {
+  const ReportVariant variant;
+  EXPECT_THROW(selected("//#if colour\nx\n//#endif\n", variant), VariantTextError);
+  EXPECT_THROW(selected("//#if time\nx\n", variant), VariantTextError);
+  EXPECT_THROW(selected("x\n//#endif\n", variant), VariantTextError);
+  EXPECT_THROW(selected("//#if time\n//#else\n//#else\n//#endif\n", variant), VariantTextError);
+  EXPECT_THROW(selected("//#elif time\n", variant), VariantTextError);
+  // A misspelt term fails even in an alternative that is never needed.
+  EXPECT_THROW(selected("//#if time || tme\n//#endif\n", variant), VariantTextError);
+}
+
+TEST(VariantText, EveryAssetSelectsInEveryVariant) {
+  for (std::size_t i = 0; i < tg::assets::kAllCount; ++i) {
+    const auto& [name, text] = tg::assets::kAll[i];
+    for (const std::string_view metric : {"time", "basicmemory", "detailedmemory"}) {
+      for (const int bits : {0, 1, 2, 3, 4, 5, 6, 7}) {
+        const auto variant = variantOf(metric, bits & 1, bits & 2, bits & 4);
+        std::string out;
+        EXPECT_NO_THROW(appendVariantText(out, text, variant)) << name;
+        EXPECT_EQ(out.find("//#"), std::string::npos) << name;
+      }
+    }
+  }
+}
+
+TEST(TextEscape, EscapesForHtmlAndScriptStrings) {
+  EXPECT_EQ(htmlEscaped("a<b>&\"c'"), "a&lt;b&gt;&amp;&quot;c&#39;");
+  EXPECT_EQ(scriptStringEscaped("a\\b\"c'd\ne\rf</script>"), "a\\\\b\\\"c\\'d\\ne\\rf<\\/script>");
+  const std::string_view plain = "Phase_1.2/x - y";
+  EXPECT_EQ(htmlEscaped(plain), plain);
+  EXPECT_EQ(scriptStringEscaped(plain), plain);
+}
+
+TEST(PageHead, TitleFollowsTheTitleArgument) {
+  EXPECT_EQ(pageTitleText("GLOBAL"), "Full Tracer Report");
+  EXPECT_EQ(pageTitleText(""), "Tempo Gauge Report");
+  EXPECT_EQ(pageTitleText("GLOBAL "), "GLOBAL ");
+  EXPECT_EQ(pageTitleText("global"), "global");
+  const auto head = writePageHead(nullptr, 0, "<b>Mine</b>", false);
+  EXPECT_NE(head.find("        <title>&lt;b&gt;Mine&lt;/b&gt;</title>\n"), std::string::npos);
+  EXPECT_EQ(head.rfind("    <head>\n        <meta http-equiv=\"Content-type\" content=\"text/html;charset=UTF-8\" />\n", 0),
+            0u);
+  EXPECT_TRUE(head.ends_with("        </style>\n    </head>\n"));
+}
+
+TEST(PageHead, IndentRulesFollowTheCallTreeDepth) {
+  const auto fixed = writePageHead(nullptr, 0, "t", false);
+  // Besides the indent rules: the phase name rule and its detail table form.
+  EXPECT_EQ(countOf(fixed, "td.phaseNameCell"), 2u + 8u);
+  EXPECT_NE(fixed.find("td.phaseNameCell7 {\n                background-color:#E7EBF5;\n"
+                       "                padding-left:185px;\n            }\n"),
+            std::string::npos);
+  EXPECT_EQ(countOf(writePageHead(nullptr, 1, "t", false), "td.phaseNameCell"), 2u + 1u);
+  const auto deep = writePageHead(nullptr, 40, "t", false);
+  EXPECT_EQ(countOf(deep, "td.phaseNameCell"), 2u + 40u);
+  EXPECT_NE(deep.find("td.phaseNameCell39 {\n                background-color:#E7EBF5;\n"
+                      "                padding-left:985px;"),
+            std::string::npos);
+  // The indent rules stand between the phase name rule and the phase summary rule.
+  EXPECT_LT(deep.find("td.phaseNameCell {"), deep.find("td.phaseNameCell0 {"));
+  EXPECT_LT(deep.find("td.phaseNameCell39 {"), deep.find("td.phaseSummaryCell {"));
+}
+
+TEST(PageHead, ColourBandsOnlyInComparisons) {
+  const auto single = writePageHead(nullptr, 3, "t", false);
+  const auto comparison = writePageHead(nullptr, 3, "t", true);
+  for (const std::string_view rule : {"td.GT50 {", "td.LTM50 {", ".SystemInfoComparisonDiv {", ".fileLegend {"}) {
+    EXPECT_EQ(single.find(rule), std::string::npos) << rule;
+    EXPECT_NE(comparison.find(rule), std::string::npos) << rule;
+  }
+  EXPECT_NE(comparison.find("            table.dataTable td.BETWN_M50_M45 {\n"
+                            "                background-color:#14FF14;\n            }\n"),
+            std::string::npos);
+  // The comparison block stands between the system text rule and the totals rule.
+  EXPECT_LT(comparison.find(".SystemInfoText {"), comparison.find(".SystemInfoTextComparison {"));
+  EXPECT_LT(comparison.find("td.LTM50 {"), comparison.find(".totalsCell {"));
+  // The left column of the band table comes first, then the right one.
+  EXPECT_LT(comparison.find("td.BETWN_0_5 {"), comparison.find("td.BETWN_M5_0 {"));
+}
+
+TEST(TabBars, EachReportKindHasItsTabs) {
+  const auto labels = [](bool comparison, std::string_view metric, bool aggregateOnly) {
+    std::string out;
+    for (const auto& tab : reportTabs(comparison, metric, aggregateOnly)) out += std::string(tab.label) + "|";
+    return out;
+  };
+  EXPECT_EQ(labels(false, "time", false), "Aggregate|Call Tree|Details|System Info|");
+  EXPECT_EQ(labels(false, "detailedmemory", false), "Aggregate|Call Tree|Details|MemChart|System Info|");
+  EXPECT_EQ(labels(false, "detailedmemory", true), "Aggregate|System Info|");
+  EXPECT_EQ(labels(true, "detailedmemory", false), "Aggregate|Details|MemChart|System Info|");
+  EXPECT_EQ(labels(true, "basicmemory", true), "Aggregate|System Info|");
+}
+
+TEST(TabBars, OneBarPerTabWithItsOwnTabSelected) {
+  const auto bars = writeTabBars(false, "time", true);
+  EXPECT_EQ(bars,
+            std::string(25, ' ') + "<div id=\"header\" class=\"aggregateSumHeader\">\n" + std::string(29, ' ') +
+                "<ul id=\"primary\">\n" + std::string(33, ' ') + "<li><span>Aggregate</span></li>\n" +
+                std::string(33, ' ') + "<li><a href=\"javascript:ShowTable('systemInfo')\">System Info</a></li>\n" +
+                std::string(29, ' ') + "</ul>\n" + std::string(25, ' ') + "</div>\n" + std::string(25, ' ') +
+                "<div id=\"header\" class=\"sysInfoHeader\" style=\"display:none\">\n" + std::string(29, ' ') +
+                "<ul id=\"primary\">\n" + std::string(33, ' ') +
+                "<li><a href=\"javascript:ShowTable('aggregateSummary')\">Aggregate</a></li>\n" +
+                std::string(33, ' ') + "<li><span>System Info</span></li>\n" + std::string(29, ' ') + "</ul>\n" +
+                std::string(25, ' ') + "</div>\n");
+  const auto header = writeHeaderTable(true, "detailedmemory", false);
+  EXPECT_EQ(header.rfind("        <table id = \"headerTable\" border=\"0\" cellspacing=\"0\" cellpadding=\"0\" "
+                         "style=\"width:100%;\">\n",
+                         0),
+            0u);
+  EXPECT_EQ(countOf(header, "<div id=\"header\""), 4u);
+  EXPECT_EQ(countOf(header, "style=\"display:none\""), 3u);
+  EXPECT_NE(header.find("<td class=\"headerTable\">"), std::string::npos);
+}
+
+TEST(TabDivs, ScrollersFollowTheReportKind) {
+  const auto aggregateOnly = writeScrollDivs(false, true);
+  EXPECT_EQ(aggregateOnly,
+            "        <div id = \"aggregateSummaryScrollTableDiv\" style=\"width:20px;height:365px;overflow-y:auto;"
+            "display:none;\" onscroll=\"reGenerateTable(this, 'Aggregate');\"></div>\n"
+            "        <span id = \"FakeSpan\" style=\"visibility:hidden;color:white;\"></span>\n");
+  const auto comparison = writeScrollDivs(true, false);
+  EXPECT_NE(comparison.find("phaseSummaryScrollTableDiv"), std::string::npos);
+  EXPECT_EQ(comparison.find("callTreeSummaryScrollTableDiv"), std::string::npos);
+  const auto detail = writeScrollDivs(false, false);
+  EXPECT_NE(detail.find("onscroll=\"reGenerateTable(this, 'CallTree');\""), std::string::npos);
+  EXPECT_LT(detail.find("'Detail'"), detail.find("'CallTree'"));
+  EXPECT_NE(writeAggregateTabDiv().find("id = \"aggregateSummaryDiv\" style=\"overflow:none;display:none;height:100%;"
+                                        "border:2px solid #324678;\""),
+            std::string::npos);
+}
+
+TempoGaugingSystemInfo sampleRecord() {
+  TempoGaugingSystemInfo record;
+  record.processorStr = "CPU <fast> & \"wide\"";
+  record.cpuSpeedStr = "3000";
+  record.numCoresStr = "8";
+  record.totalPhysMemStr = "16384";
+  record.operatingSystemStr = "Linux";
+  record.ORRERYVersionStr = "9.1";
+  record.javaVMVersionStr = "";
+  record.installedProductsStr = "line one\n<script>alert(1)</script>\n";
+  return record;
+}
+
+TEST(SystemInfoTable, ShowsTheRecordEscaped) {
+  const auto record = sampleRecord();
+  const auto table = writeSystemInfoTable(&record);
+  EXPECT_EQ(table.rfind("        <div id = \"systemInfoTableDiv\"  style=\"align:center;overflow:auto;"
+                        "border:2px solid #324678;\">\n",
+                        0),
+            0u);
+  EXPECT_NE(table.find("class=\"dataTable systemInfo\" id = \"systemInfoTable\" cellpadding=\"0\" cellspacing=\"0\""),
+            std::string::npos);
+  EXPECT_NE(table.find("<td><b>Processor: </b></td><td>CPU &lt;fast&gt; &amp; &quot;wide&quot;</td>"),
+            std::string::npos);
+  EXPECT_NE(table.find("<pre class=\"SystemInfoText\">line one\n&lt;script&gt;alert(1)&lt;/script&gt;\n</pre>"),
+            std::string::npos);
+  EXPECT_EQ(table.find("<script>"), std::string::npos);
+  const char* const labels[] = {"Processor: ", "CPU Speed: ", "Cores: ", "Total Physical Memory (MB): ",
+                                "Operating System: ", "ORRERY Version: ", "Java VM Version: "};
+  std::size_t last = 0;
+  for (const char* label : labels) {
+    const auto pos = table.find(std::string("<b>") + label + "</b>");
+    ASSERT_NE(pos, std::string::npos) << label;
+    EXPECT_GT(pos, last) << label;
+    last = pos;
+  }
+  EXPECT_LT(table.find("Hardware/Software"), table.find("OS/Product Details"));
+}
+
+TEST(SystemInfoTable, NullRecordGivesEmptyCells) {
+  EXPECT_EQ(writeHardwareTable(nullptr), "");
+  const auto table = writeSystemInfoTable(nullptr);
+  EXPECT_NE(table.find("<pre class=\"SystemInfoText\"></pre>"), std::string::npos);
+  EXPECT_EQ(table.find("Processor"), std::string::npos);
+  const TempoGaugingSystemInfo empty;
+  EXPECT_EQ(countOf(writeHardwareTable(&empty), "</b></td><td></td>"), 7u);
+}
+
+TEST(SystemInfoTable, ComparisonShowsBothRunsSideBySide) {
+  auto lhs = sampleRecord();
+  auto rhs = sampleRecord();
+  lhs.processorStr = "left cpu";
+  rhs.processorStr = "right cpu";
+  rhs.installedProductsStr = "right products";
+  const auto table = writeSystemInfoComparison(lhs, rhs);
+  EXPECT_NE(table.find("style=\"border: 2px solid rgb(50, 70, 120);width:100%;align:center;overflow:auto\""),
+            std::string::npos);
+  EXPECT_LT(table.find("left cpu"), table.find("right cpu"));
+  EXPECT_NE(table.find("<th colspan=\"2\">Hardware/Software</th>"), std::string::npos);
+  EXPECT_NE(table.find("<div class=\"SystemInfoComparisonDiv\"><table style=\"width:100%;\">"
+                       "<tr class=\"SystemInfoTextComparison\"><td><pre>line one"),
+            std::string::npos);
+  EXPECT_LT(table.find("line one"), table.find("right products"));
+}
+
+TEST(ReportScripts, CommonScriptCarriesTheEscapedLabelsAndItsVariant) {
+  std::string single;
+  writeCommonScript(single, "time", false, "none", "none", true);
+  EXPECT_EQ(single.rfind("    <script type=\"text/javascript\">\n", 0), 0u);
+  EXPECT_NE(single.find("var lhsLabel = \"none\" + baselinelabel.fontsize(0.8);"), std::string::npos);
+  EXPECT_EQ(single.find("'Detail'"), std::string::npos);
+  EXPECT_EQ(single.find("filterCTDataView"), std::string::npos);
+  EXPECT_EQ(single.find("</script>"), std::string::npos);
+
+  std::string comparison;
+  writeCommonScript(comparison, "basicmemory", true, "run \"A\" </script>", "B&B", false);
+  EXPECT_NE(comparison.find("var lhsLabel = \"run &quot;A&quot; &lt;/script&gt;\" + baselinelabel"),
+            std::string::npos);
+  EXPECT_NE(comparison.find("var rhsLabel = \"B&amp;B\";"), std::string::npos);
+  EXPECT_NE(comparison.find("function filterCTDataView("), std::string::npos);
+  EXPECT_NE(comparison.find("resizeTabContent['Detail'] = false;"), std::string::npos);
+}
+
+TEST(ReportScripts, AggregateScriptClosesTheElementOnlyWhenAggregateOnly) {
+  std::string aggregateOnly;
+  writeAggregateScript(aggregateOnly, "time", true, true);
+  EXPECT_TRUE(aggregateOnly.ends_with("    </script>\n"));
+  EXPECT_EQ(aggregateOnly.find("function openDetailTab("), std::string::npos);
+  std::string detail;
+  writeAggregateScript(detail, "time", false, false);
+  EXPECT_EQ(detail.find("</script>"), std::string::npos);
+  EXPECT_EQ(countOf(detail, "function openDetailTab("), 1u);
+  EXPECT_NE(detail.find("openDetailTab(nodeIndex)"), std::string::npos);
+  std::string sortBlock;
+  writeSortScript(sortBlock);
+  EXPECT_TRUE(sortBlock.starts_with("    <script type=\"text/javascript\">\n"));
+  EXPECT_TRUE(sortBlock.ends_with("    </script>\n"));
+}
+
+}  // namespace
