@@ -1,0 +1,60 @@
+#include "analysis/aggregate_table.h"
+
+#include <string>
+#include <vector>
+
+#include "collect/constants.h"
+#include "collect/tempo_gauge.h"
+
+namespace {
+
+constexpr std::string_view kSelfMarker = "_self";
+constexpr std::int32_t kNotAsked = -2;
+constexpr std::int32_t kNoFold = -1;
+
+// For each phase id: the id of the phase whose self time it carries (its name
+// with the first "_self" removed), or kNoFold. Asked of the name table once
+// per id.
+class SelfFolding {
+ public:
+  std::int32_t targetOf(std::int32_t phaseId) {
+    if (phaseId < 0) return resolve(phaseId);
+    const auto index = static_cast<std::size_t>(phaseId);
+    if (index >= targets_.size()) targets_.resize(index + 1, kNotAsked);
+    if (targets_[index] == kNotAsked) targets_[index] = resolve(phaseId);
+    return targets_[index];
+  }
+
+ private:
+  static std::int32_t resolve(std::int32_t phaseId) {
+    std::string name = tgGetNameStr(tg::kPhaseKind, phaseId);
+    if (name.size() < kSelfMarker.size()) return kNoFold;
+    const std::size_t at = name.find(kSelfMarker);
+    if (at == std::string::npos || at == 0) return kNoFold;
+    name.erase(at, kSelfMarker.size());
+    return tgGetId(tg::kPhaseKind, name);
+  }
+
+  std::vector<std::int32_t> targets_;
+};
+
+}  // namespace
+
+AggregateTable buildAggregateTable(const ProcessedPointVector& processedPoints) {
+  AggregateTable table;
+  SelfFolding folding;
+  for (const ProcessedPointPtr& point : processedPoints) {
+    if (!point) continue;
+    const TGORRERYProcessedDataPoint& p = *point;
+    if (p.isGapRow() && p.numChildren > 0) continue;
+    if (const std::int32_t parent = folding.targetOf(p.phaseID); parent != kNoFold) {
+      // Self time of the parent phase; without an entry for it, it is dropped.
+      if (const auto it = table.find(parent); it != table.end()) it->second->addSelfTimes(p);
+      continue;
+    }
+    auto [it, fresh] = table.try_emplace(p.phaseID);
+    if (fresh) it->second = std::make_unique<TGAggregateDataPoint>(p.grouping, p.phaseID, p.numChildren >= 1);
+    it->second->addPoint(p);
+  }
+  return table;
+}

@@ -1,0 +1,73 @@
+// Builds raw traces for the analysis tests and benchmarks: points of the three
+// kinds with names interned in the store, and a clock that the caller moves.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "tempogauge/tempogauge.h"
+
+namespace tgtest {
+
+struct PointSite {
+  PointSite() = default;
+  PointSite(int k, std::string g, std::string p, std::string m = {}, std::string t = {}, std::string mach = {},
+            std::string c = {})
+      : kind(k), grouping(std::move(g)), phase(std::move(p)), model(std::move(m)), target(std::move(t)),
+        machine(std::move(mach)), chart(std::move(c)) {}
+
+  int kind = 0;  // 0 host, 1 Cogwheel, 2 Loomchart
+  std::string grouping = "G";
+  std::string phase = "A";
+  std::string model;
+  std::string target;
+  std::string machine;
+  std::string chart;
+};
+
+inline RawPointPtr makeRawPoint(const PointSite& site, bool start, double wall, double cpu) {
+  RawPointPtr p;
+  if (site.kind == 2) {
+    auto lc = std::make_shared<TGLoomchartDataPoint>();
+    lc->machineId = tgGetId(tg::kMachineKind, site.machine);
+    lc->chartId = tgGetId(tg::kChartKind, site.chart);
+    p = lc;
+  } else if (site.kind == 1) {
+    p = std::make_shared<TGCWGENDataPoint>();
+  } else {
+    p = std::make_shared<TGORRERYDataPoint>();
+  }
+  if (auto* cw = dynamic_cast<TGCWGENDataPoint*>(p.get())) {
+    cw->modelId = tgGetId(tg::kModelKind, site.model);
+    cw->targetId = tgGetId(tg::kTargetKind, site.target);
+  }
+  p->groupingId = tgGetId(tg::kGroupingKind, site.grouping);
+  p->phaseId = tgGetId(tg::kPhaseKind, site.phase);
+  p->flags.isStart = start ? 1 : 0;
+  p->wallTime = wall;
+  p->cpuTime = cpu;
+  return p;
+}
+
+// Appends points with a running clock: start/stop move the clock first.
+class TraceBuilder {
+ public:
+  TraceBuilder& start(const std::string& phase, double after = 0.0) { return add(site(phase), true, after); }
+  TraceBuilder& stop(const std::string& phase, double after = 0.0) { return add(site(phase), false, after); }
+  TraceBuilder& add(const PointSite& s, bool isStart, double after) {
+    now += after;
+    points.push_back(makeRawPoint(s, isStart, now, now / 2));
+    return *this;
+  }
+  PointSite site(const std::string& phase) const {
+    PointSite s = defaults;
+    s.phase = phase;
+    return s;
+  }
+
+  PointSite defaults;
+  double now = 0.0;
+  RawPointVector points;
+};
+
+}  // namespace tgtest
