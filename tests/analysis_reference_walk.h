@@ -30,6 +30,20 @@ class ReferenceWalk {
     return selectAll_ || listed(tgGetNameStr(tg::kGroupingKind, p.groupingId)) || unaccounted;
   }
 
+  // The walk alone; then the processed points of all walked start points in
+  // vector order, errors or not, and the map.
+  void walkOnly(RawPointVector& v) { walk(v); }
+  ProcessedPointVector startPointsInOrder(const RawPointVector& v) const {
+    ProcessedPointVector out;
+    for (const RawPointPtr& p : v) {
+      if (!p || !p->isStart()) continue;
+      if (const auto it = map_.find(p.get()); it != map_.end()) out.push_back(it->second);
+    }
+    return out;
+  }
+  const std::unordered_map<const TGORRERYDataPoint*, ProcessedPointPtr>& map() const { return map_; }
+  const TGProcessedDataStruct& result() const { return result_; }
+
   // The walk and the building of processedPoints, as analyzeRawPoints does.
   TGProcessedDataStruct analyze(RawPointVector& v) {
     walk(v);
