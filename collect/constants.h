@@ -1,6 +1,7 @@
 // Fixed names and numbers that the module compares against and prints.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -29,6 +30,9 @@ inline constexpr std::string_view kMetricBasicMemory = "basicmemory";
 inline constexpr std::string_view kMetricDetailedMemory = "detailedmemory";
 inline constexpr std::string_view kRowVersionTag = "1";
 inline constexpr std::string_view kEvalPrmsGrouping = "EvalPrms";
+
+// Length of the grouping state array of a new store.
+inline constexpr std::size_t kInitialGroupingStates = 20;
 
 // Bytes to mebibytes (2 to the power of -20).
 inline constexpr double kBytesToMegabytes = 9.5367431640625e-07;

@@ -2,6 +2,7 @@
 #include "collect/tempo_gauge.h"
 
 #include "collect/address_space_scanner.h"
+#include "tempogauge/collect.h"
 
 TempoGauge::TempoGauge() = default;
 
@@ -21,12 +22,18 @@ TempoGauge::~TempoGauge() {
 }
 
 TempoGauge* TempoGauge::instance() {
-  // Function-local static: created at the first call, never destroyed, safe to
-  // reach from static initialisers of the module.
+  // Created at the first call (also from static initialisers of the module)
+  // and never destroyed: the holder's destructor leaves the object alone, so
+  // code that logs while the process exits still finds a whole store.
+  union Holder {
+    Holder() : object() {}
+    ~Holder() {}
+    TempoGauge object;
+  };
   static TempoGauge* const store = [] {
-    static TempoGauge object;
-    object.initialize();
-    return &object;
+    static Holder holder;
+    holder.object.initialize();
+    return &holder.object;
   }();
   return store;
 }
@@ -47,7 +54,8 @@ void TempoGauge::initialize() {
   machineTable = std::make_unique<NameTable>();
   chartTable = std::make_unique<NameTable>();
   memoryScanner = std::make_unique<AddressSpaceScanner>();
-  groupingStates = std::make_unique<std::vector<std::int32_t>>(20, -1);
+  groupingStates = std::make_unique<GroupingStateArray>(tg::kInitialGroupingStates);
+  switchedGroupingNames_ = std::make_unique<GroupingNameIndex>();
 }
 
 NameTable* TempoGauge::table(std::uint32_t kind) const {
@@ -64,6 +72,11 @@ NameTable* TempoGauge::table(std::uint32_t kind) const {
 }
 
 std::int32_t TempoGauge::findId(std::uint32_t kind, std::string_view name) const {
+  std::lock_guard lock(mutex_);
+  return findIdUnlocked(kind, name);
+}
+
+std::int32_t TempoGauge::findIdUnlocked(std::uint32_t kind, std::string_view name) const {
   const NameTable* t = table(kind);
   if (!t) return -1;
   const auto it = t->left.find(std::string(name));
@@ -71,17 +84,23 @@ std::int32_t TempoGauge::findId(std::uint32_t kind, std::string_view name) const
 }
 
 std::int32_t TempoGauge::lookupId(std::uint32_t kind, std::string_view name, bool addIfMissing) {
+  std::lock_guard lock(mutex_);
+  return addIfMissing ? internId(kind, name) : findIdUnlocked(kind, name);
+}
+
+std::int32_t TempoGauge::internId(std::uint32_t kind, std::string_view name) {
   NameTable* t = table(kind);
   if (!t) return -1;
   std::string key(name);
   if (const auto it = t->left.find(key); it != t->left.end()) return it->second;
-  if (!addIfMissing) return -1;
+  // Ids are dense: a new name gets the table's entry count.
   const auto id = static_cast<std::int32_t>(t->size());
   t->insert(NameTable::value_type(std::move(key), id));
   return id;
 }
 
 std::string TempoGauge::lookupName(std::uint32_t kind, std::int32_t id) const {
+  std::lock_guard lock(mutex_);
   const NameTable* t = table(kind);
   if (!t) return {};
   const auto it = t->right.find(id);
@@ -89,13 +108,14 @@ std::string TempoGauge::lookupName(std::uint32_t kind, std::int32_t id) const {
 }
 
 std::int32_t tgGetId(std::uint32_t kind, std::string_view name) {
-  TempoGauge* store = TempoGauge::instance();
-  std::lock_guard lock(store->mutex());
-  return store->lookupId(kind, name, true);
+  return TempoGauge::instance()->lookupId(kind, name, true);
 }
 
-std::string tgGetNameStr(std::uint32_t kind, std::int32_t id) {
-  TempoGauge* store = TempoGauge::instance();
-  std::lock_guard lock(store->mutex());
-  return store->lookupName(kind, id);
-}
+std::string tgGetNameStr(std::uint32_t kind, std::int32_t id) { return TempoGauge::instance()->lookupName(kind, id); }
+
+std::string tgGetPhaseStr(std::int32_t id) { return tgGetNameStr(tg::kPhaseKind, id); }
+std::string tgGetStatisticsTypeStr(std::int32_t id) { return tgGetNameStr(tg::kStatisticsTypeKind, id); }
+std::string tgGetModelStr(std::int32_t id) { return tgGetNameStr(tg::kModelKind, id); }
+std::string tgGetTargetStr(std::int32_t id) { return tgGetNameStr(tg::kTargetKind, id); }
+std::string tgGetMachineStr(std::int32_t id) { return tgGetNameStr(tg::kMachineKind, id); }
+std::string tgGetChartStr(std::int32_t id) { return tgGetNameStr(tg::kChartKind, id); }

@@ -1,6 +1,7 @@
 // The one process-wide store: raw points, name tables, grouping tree, switches.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -10,11 +11,20 @@
 #include <vector>
 
 #include "collect/constants.h"
+#include "collect/grouping_name_index.h"
+#include "collect/grouping_state_array.h"
 #include "collect/name_table.h"
 #include "collect/raw_point.h"
 #include "collect/system_info_record.h"
 
 class AddressSpaceScanner;
+
+// Threads: every operation that reads or changes the store takes mutex(), a
+// recursive mutex, so operations may nest. Code outside this class that walks
+// or changes a member directly (rawData, the tables, the tree) must hold
+// mutex() while it does. The switches and groupingStates are the exception:
+// they are read without the lock by the disabled log path, so they are atomic
+// and change only through their own operations.
 
 class TempoGauge {
  public:
@@ -73,7 +83,7 @@ class TempoGauge {
   std::recursive_mutex& mutex() const { return mutex_; }
 
   // Members, in the order the store defines them.
-  bool detailedMemStatsEnabled = false;
+  std::atomic<bool> detailedMemStatsEnabled{false};
   std::unique_ptr<RawPointVector> rawData;
   std::unique_ptr<TempoGaugingSystemInfo> loadedSystemInfo;
   std::unique_ptr<AddressSpaceScanner> memoryScanner;
@@ -86,11 +96,25 @@ class TempoGauge {
   std::unique_ptr<NameTable> targetTable;
   std::unique_ptr<NameTable> machineTable;
   std::unique_ptr<NameTable> chartTable;
-  bool globalLoggingEnabled = false;
-  std::unique_ptr<std::vector<std::int32_t>> groupingStates;
+  std::atomic<bool> globalLoggingEnabled{false};
+  std::unique_ptr<GroupingStateArray> groupingStates;
 
  private:
+  // Unlocked forms and helpers, for callers that already hold the mutex.
+  std::int32_t internId(std::uint32_t kind, std::string_view name);
+  std::int32_t findIdUnlocked(std::uint32_t kind, std::string_view name) const;
+  bool storePoint(std::int32_t groupingId, std::string_view phase, bool start,
+                  std::shared_ptr<TGORRERYDataPoint> point);
+  void sample(TGORRERYDataPoint& point);
+  std::int32_t statisticsTypeIdForModel(std::string_view model);
+  void createModelStatisticsTypes();
+  void ensureGroupingMembers();
+  std::vector<std::string>* childrenOf(std::int32_t id) const;  // null when not a member
+  std::vector<std::string>& makeChildrenEntry(std::int32_t id, std::int32_t state);
+
   mutable std::recursive_mutex mutex_;
+  // Names of the groupings that have been switched, for the lock-free gate.
+  std::unique_ptr<GroupingNameIndex> switchedGroupingNames_;
 };
 
 // Wrappers for code that should not hold the store.

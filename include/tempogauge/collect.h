@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "collect/module_entry.h"
 #include "collect/raw_point.h"
 #include "collect/tempo_gauge.h"
 
@@ -55,11 +56,6 @@ std::string tgGetChartStr(std::int32_t id);
 
 // Module entry points and data.
 extern "C" {
-void initialize_tempogauge();
-void destroy_tempogauge();
-void ORInitialize_tempogauge();
-bool ORTerminate_tempogauge();
-const void* QueryORFcnTable_tempogauge();
 extern const char* const tempogauge_version;
 extern const char* const tempogauge_build_date;
 }

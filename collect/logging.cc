@@ -1,0 +1,226 @@
+// The logging path: the gate, the points and their samples.
+//
+// The gate (switch test and grouping state) reads only atomics and takes no
+// lock, so a log call whose grouping is off costs a few loads. A call that
+// passes the gate allocates its point, then takes the store's mutex to intern
+// names, sample and push, so points from several threads never interleave
+// half-built and their order in rawData is the order of their stamps.
+#include <memory>
+#include <string>
+
+#include "collect/address_space_scanner.h"
+#include "collect/tempo_gauge.h"
+#include "host/clock.h"
+#include "host/process_memory.h"
+#include "tempogauge/collect.h"
+
+// ---- Gate ---------------------------------------------------------------------
+
+bool TempoGauge::isGroupingEnabled(std::string_view groupingName) const {
+  // Only groupings that have been switched can be on, and every switched
+  // grouping is in the lock-free index under its id; while nothing at all is
+  // on, no name needs looking up.
+  if (!groupingStates || !groupingStates->anyEnabled() || !switchedGroupingNames_) return false;
+  return isGroupingEnabled(switchedGroupingNames_->find(groupingName));
+}
+
+bool TempoGauge::isGroupingEnabled(std::int32_t groupingId) const {
+  return groupingStates && (*groupingStates)[groupingId] == 1;
+}
+
+// ---- Points -------------------------------------------------------------------
+
+bool TempoGauge::logPoint(std::string_view grouping, std::string_view phase, bool start) {
+  return logPoint(findId(tg::kGroupingKind, grouping), phase, start);
+}
+
+bool TempoGauge::logPoint(std::int32_t groupingId, std::string_view phase, bool start) {
+  try {
+    auto point = std::make_shared<TGORRERYDataPoint>();
+    std::lock_guard lock(mutex_);
+    return storePoint(groupingId, phase, start, std::move(point));
+  } catch (...) {
+    return false;
+  }
+}
+
+bool TempoGauge::logPoint(std::string_view grouping, std::string_view model, std::string_view target,
+                          std::string_view phase, bool start) {
+  return logPoint(findId(tg::kGroupingKind, grouping), model, target, phase, start);
+}
+
+bool TempoGauge::logPoint(std::int32_t groupingId, std::string_view model, std::string_view target,
+                          std::string_view phase, bool start) {
+  try {
+    auto point = std::make_shared<TGCWGENDataPoint>();
+    std::lock_guard lock(mutex_);
+    point->modelId = internId(tg::kModelKind, model);
+    point->targetId = internId(tg::kTargetKind, target);
+    point->statisticsTypeId = statisticsTypeIdForModel(model);
+    return storePoint(groupingId, phase, start, std::move(point));
+  } catch (...) {
+    return false;
+  }
+}
+
+bool TempoGauge::logPoint(std::string_view grouping, std::string_view model, std::string_view target,
+                          std::string_view machine, std::string_view chart, std::string_view phase,
+                          bool start) {
+  return logPoint(findId(tg::kGroupingKind, grouping), model, target, machine, chart, phase, start);
+}
+
+bool TempoGauge::logPoint(std::int32_t groupingId, std::string_view model, std::string_view target,
+                          std::string_view machine, std::string_view chart, std::string_view phase,
+                          bool start) {
+  try {
+    auto point = std::make_shared<TGLoomchartDataPoint>();
+    std::lock_guard lock(mutex_);
+    point->modelId = internId(tg::kModelKind, model);
+    point->targetId = internId(tg::kTargetKind, target);
+    point->machineId = internId(tg::kMachineKind, machine);
+    point->chartId = internId(tg::kChartKind, chart);
+    point->statisticsTypeId = statisticsTypeIdForModel(model);
+    return storePoint(groupingId, phase, start, std::move(point));
+  } catch (...) {
+    return false;
+  }
+}
+
+std::int32_t TempoGauge::statisticsTypeIdForModel(std::string_view model) {
+  if (!modelStatisticsTypes) createModelStatisticsTypes();
+  // A model without an entry gets one with the empty type, which is then
+  // interned like any other type name.
+  const std::string& type = (*modelStatisticsTypes)[std::string(model)];
+  return internId(tg::kStatisticsTypeKind, type);
+}
+
+// The steps every point class shares, under the mutex: grouping, phase, start
+// bit, samples, push.
+bool TempoGauge::storePoint(std::int32_t groupingId, std::string_view phase, bool start,
+                            std::shared_ptr<TGORRERYDataPoint> point) {
+  point->groupingId = groupingId;
+  point->phaseId = internId(tg::kPhaseKind, phase);
+  point->flags.isStart = start ? 1u : 0u;
+  sample(*point);
+  if (!rawData) return false;
+  rawData->push_back(std::move(point));
+  return true;
+}
+
+// ---- Samples ------------------------------------------------------------------
+
+void TempoGauge::sampleInto(TGORRERYDataPoint& point) {
+  std::lock_guard lock(mutex_);
+  sample(point);
+}
+
+void TempoGauge::sample(TGORRERYDataPoint& point) {
+  // Memory first, so that the cost of reading it falls before the stamps.
+  if (detailedMemStatsEnabled.load(std::memory_order_relaxed) && memoryScanner) {
+    memoryScanner->scan();
+    const tg::DetailedMemStats figures(static_cast<double>(memoryScanner->freeBytes),
+                                       static_cast<double>(memoryScanner->reservedBytes),
+                                       static_cast<double>(memoryScanner->commitBytes),
+                                       static_cast<double>(memoryScanner->moduleBytes),
+                                       static_cast<double>(memoryScanner->nonProcessBytes));
+    // A fresh point's record is its own: fill it rather than allocate another.
+    if (point.detailedMemStats && point.detailedMemStats.use_count() == 1)
+      *point.detailedMemStats = figures;
+    else
+      point.detailedMemStats = std::make_shared<tg::DetailedMemStats>(figures);
+  }
+  if (tg::host::ProcessCounters counters; tg::host::readProcessCounters(counters)) {
+    const tg::BasicMemStats figures(static_cast<double>(counters.residentBytes),
+                                    static_cast<double>(counters.peakResidentBytes),
+                                    static_cast<double>(counters.virtualBytes));
+    if (point.basicMemStats && point.basicMemStats.use_count() == 1)
+      *point.basicMemStats = figures;
+    else
+      point.basicMemStats = std::make_shared<tg::BasicMemStats>(figures);
+  }
+  point.wallTime = huRealtime();
+  point.cpuTime = huCPUtime();
+}
+
+// ---- Exports ------------------------------------------------------------------
+//
+// Each export keeps its own copy of the store's address; the store never
+// moves or dies.
+
+bool tgLogORRERYData(const std::string& grouping, const std::string& phase, bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) &&
+      !store->isGroupingEnabled(std::string_view(grouping)))
+    return false;
+  return store->logPoint(std::string_view(grouping), phase, start);
+}
+
+bool tgLogORRERYData(std::int32_t groupingId, const std::string& phase, bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
+    return false;
+  return store->logPoint(groupingId, phase, start);
+}
+
+bool tgLogCWStartupData(const std::string& phase, bool start) {
+  static const std::string startupGrouping(tg::kStartupGrouping);
+  return tgLogORRERYData(startupGrouping, phase, start);
+}
+
+bool tgLogCogwheelData(const std::string& grouping, const std::string& model, const std::string& target,
+                       const std::string& phase, bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) &&
+      !store->isGroupingEnabled(std::string_view(grouping)))
+    return false;
+  return store->logPoint(std::string_view(grouping), model, target, phase, start);
+}
+
+bool tgLogCogwheelData(std::int32_t groupingId, const std::string& model, const std::string& target,
+                       const std::string& phase, bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
+    return false;
+  return store->logPoint(groupingId, model, target, phase, start);
+}
+
+bool tgLogLoomchartData(const std::string& grouping, const std::string& model, const std::string& target,
+                        const std::string& machine, const std::string& chart, const std::string& phase,
+                        bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) &&
+      !store->isGroupingEnabled(std::string_view(grouping)))
+    return false;
+  return store->logPoint(std::string_view(grouping), model, target, machine, chart, phase, start);
+}
+
+bool tgLogLoomchartData(std::int32_t groupingId, const std::string& model, const std::string& target,
+                        const std::string& machine, const std::string& chart, const std::string& phase,
+                        bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
+    return false;
+  return store->logPoint(groupingId, model, target, machine, chart, phase, start);
+}
+
+// ---- Switches -----------------------------------------------------------------
+
+bool tgIsTracerEnabled(const std::string& grouping) {
+  const TempoGauge* store = TempoGauge::instance();
+  return store->globalLoggingEnabled.load() || store->isGroupingEnabled(std::string_view(grouping));
+}
+
+bool tgIsTracerEnabled(std::int32_t groupingId) {
+  const TempoGauge* store = TempoGauge::instance();
+  return store->globalLoggingEnabled.load() || store->isGroupingEnabled(groupingId);
+}
+
+bool tgEnableGlobalLogging(bool flag) {
+  TempoGauge::instance()->globalLoggingEnabled.store(flag);
+  return flag;
+}
+
+bool tgEnableDetailedMemStats(bool flag) {
+  TempoGauge::instance()->detailedMemStatsEnabled.store(flag);
+  return flag;
+}

@@ -1,0 +1,225 @@
+// Logging: the gate, the points each export stores, and several threads at once.
+#include <atomic>
+#include <thread>
+
+#include "collect_store_reset.h"
+
+namespace {
+
+using LoggingTest = CollectStoreTest;
+
+TEST_F(LoggingTest, DisabledCallTouchesNoTable) {
+  const std::string grouping = unique("G");
+  const std::size_t groupings = tableSize(tg::kGroupingKind);
+  const std::size_t phases = tableSize(tg::kPhaseKind);
+  EXPECT_FALSE(tgLogORRERYData(grouping, "p", true));
+  EXPECT_FALSE(tgLogCogwheelData(grouping, "m", "t", "p", true));
+  EXPECT_FALSE(tgLogLoomchartData(grouping, "m", "t", "mc", "c", "p", true));
+  EXPECT_FALSE(tgLogCWStartupData("p", true));
+  EXPECT_FALSE(tgLogORRERYData(-1, "p", true));
+  EXPECT_FALSE(tgLogORRERYData(1 << 20, "p", true));
+  EXPECT_EQ(tableSize(tg::kGroupingKind), groupings);
+  EXPECT_EQ(tableSize(tg::kPhaseKind), phases);
+  for (const auto kind : {tg::kModelKind, tg::kTargetKind, tg::kMachineKind, tg::kChartKind, tg::kStatisticsTypeKind})
+    EXPECT_EQ(tableSize(kind), 0u);
+  EXPECT_EQ(rawCount(), 0u);
+}
+
+TEST_F(LoggingTest, OnlyStateOneLogs) {
+  const std::string on = unique("On");
+  const std::string off = unique("Off");
+  const std::string unset = unique("Unset");
+  tgEnableTracer(on, true);
+  tgEnableTracer(off, false);
+  const std::int32_t unsetId = tgAddGrouping(unset);
+  EXPECT_TRUE(tgLogORRERYData(on, "p", true));
+  EXPECT_FALSE(tgLogORRERYData(off, "p", true));
+  EXPECT_FALSE(tgLogORRERYData(unset, "p", true));
+  EXPECT_FALSE(tgLogORRERYData(unsetId, "p", true));
+  EXPECT_TRUE(tgLogORRERYData(store().findId(tg::kGroupingKind, on), "p", false));
+  EXPECT_TRUE(tgIsTracerEnabled(on));
+  EXPECT_FALSE(tgIsTracerEnabled(off));
+  EXPECT_FALSE(tgIsTracerEnabled(unsetId));
+  EXPECT_EQ(rawCount(), 2u);
+  // Switching off again closes the gate for the name form and the id form.
+  tgEnableTracer(on, false);
+  EXPECT_FALSE(tgLogORRERYData(on, "p", true));
+  EXPECT_FALSE(tgLogORRERYData(store().findId(tg::kGroupingKind, on), "p", true));
+}
+
+TEST_F(LoggingTest, GlobalLoggingPassesUnknownGroupingsWithoutNamingThem) {
+  const std::string unknown = unique("Unknown");
+  const std::size_t groupings = tableSize(tg::kGroupingKind);
+  EXPECT_TRUE(tgEnableGlobalLogging(true));
+  EXPECT_TRUE(tgIsTracerEnabled(unknown));
+  EXPECT_TRUE(tgIsTracerEnabled(-1));
+  ASSERT_TRUE(tgLogORRERYData(unknown, "fresh phase", true));
+  ASSERT_TRUE(tgLogORRERYData(1 << 20, "fresh phase", false));
+  EXPECT_EQ(tableSize(tg::kGroupingKind), groupings);
+  const RawPointPtr point = rawAt(0);
+  EXPECT_EQ(point->groupingId, -1);
+  EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, point->groupingId), "");
+  EXPECT_EQ(tgGetPhaseStr(point->phaseId), "fresh phase");
+  EXPECT_EQ(rawAt(1)->groupingId, 1 << 20);
+  // The switch answers with the value it was given, not the old one.
+  EXPECT_FALSE(tgEnableGlobalLogging(false));
+  EXPECT_FALSE(tgLogORRERYData(unknown, "fresh phase", true));
+  EXPECT_EQ(rawCount(), 2u);
+}
+
+TEST_F(LoggingTest, StartAndEndDifferOnlyInStartBitAndSamples) {
+  const std::string grouping = unique("G");
+  tgEnableTracer(grouping, true);
+  ASSERT_TRUE(tgLogORRERYData(grouping, "phase", true));
+  ASSERT_TRUE(tgLogORRERYData(grouping, "phase", false));
+  const RawPointPtr start = rawAt(0);
+  const RawPointPtr end = rawAt(1);
+  EXPECT_EQ(start->pointType, 0);
+  EXPECT_TRUE(start->isStart());
+  EXPECT_FALSE(end->isStart());
+  EXPECT_FALSE(start->isGap() || end->isGap());
+  EXPECT_EQ(start->phaseId, end->phaseId);
+  EXPECT_EQ(start->groupingId, store().findId(tg::kGroupingKind, grouping));
+  EXPECT_EQ(start->statisticsTypeId, -1);
+  EXPECT_TRUE(start->isSameSite(end));
+  EXPECT_GT(start->wallTime, 0.0);
+  EXPECT_GE(end->wallTime, start->wallTime);
+  EXPECT_GE(end->cpuTime, start->cpuTime);
+  EXPECT_GT(start->basicMemStats->procMemUsage, 0.0);
+  EXPECT_GT(start->basicMemStats->procVMSize, 0.0);
+  // The detailed record stays zero-filled while the scan is off.
+  EXPECT_EQ(start->detailedMemStats->freeMem + start->detailedMemStats->commitMem +
+                start->detailedMemStats->nonprocessMem,
+            0.0);
+}
+
+TEST_F(LoggingTest, CogwheelPointTakesItsModelsStatisticsType) {
+  const std::string grouping = unique("G");
+  tgEnableTracer(grouping, true);
+  tgSetStatisticsTypeForModel("typed", "solver");
+  ASSERT_TRUE(tgLogCogwheelData(grouping, "untyped", "target", "phase", true));
+  ASSERT_TRUE(tgLogCogwheelData(grouping, "typed", "target", "phase", true));
+  const auto first = std::dynamic_pointer_cast<TGCWGENDataPoint>(rawAt(0));
+  const auto second = std::dynamic_pointer_cast<TGCWGENDataPoint>(rawAt(1));
+  ASSERT_TRUE(first && second);
+  EXPECT_EQ(first->pointType, 1);
+  // A model without a type gets an entry with the empty type, interned first.
+  EXPECT_EQ(first->modelId, 0);
+  EXPECT_EQ(first->targetId, 0);
+  EXPECT_EQ(first->statisticsTypeId, 0);
+  EXPECT_EQ(tgGetStatisticsTypeStr(0), "");
+  EXPECT_EQ(first->phaseId, 0);
+  EXPECT_EQ(second->modelId, 1);
+  EXPECT_EQ(second->targetId, 0);
+  EXPECT_EQ(tgGetStatisticsTypeStr(second->statisticsTypeId), "solver");
+  std::lock_guard lock(store().mutex());
+  EXPECT_EQ(store().modelStatisticsTypes->count("untyped"), 1u);
+  EXPECT_EQ(store().modelStatisticsTypes->at("untyped"), "");
+}
+
+TEST_F(LoggingTest, LoomchartIdsComeInLookupOrder) {
+  const std::int32_t id = tgAddGrouping(unique("G"));
+  tgEnableTracer(unique("G"), true);
+  ASSERT_TRUE(tgLogLoomchartData(id, "model", "target", "machine", "chart", "phase", true));
+  ASSERT_TRUE(tgLogLoomchartData(id, "model", "target2", "machine2", "chart", "phase2", false));
+  const auto a = std::dynamic_pointer_cast<TGLoomchartDataPoint>(rawAt(0));
+  const auto b = std::dynamic_pointer_cast<TGLoomchartDataPoint>(rawAt(1));
+  ASSERT_TRUE(a && b);
+  EXPECT_EQ(a->pointType, 2);
+  EXPECT_EQ(a->groupingId, id);
+  EXPECT_EQ(tgGetModelStr(a->modelId), "model");
+  EXPECT_EQ(tgGetTargetStr(b->targetId), "target2");
+  EXPECT_EQ(tgGetMachineStr(b->machineId), "machine2");
+  EXPECT_EQ(tgGetChartStr(a->chartId), "chart");
+  EXPECT_EQ(b->chartId, a->chartId);
+  EXPECT_EQ(b->machineId, 1);
+  EXPECT_EQ(b->phaseId, 1);
+  EXPECT_FALSE(a->isSameSite(b));
+}
+
+TEST_F(LoggingTest, StartupPointsBelongToTheStartupGrouping) {
+  tgEnableTracer(std::string(tg::kStartupGrouping), true);
+  ASSERT_TRUE(tgLogCWStartupData("boot", true));
+  EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, rawAt(0)->groupingId), tg::kStartupGrouping);
+  EXPECT_EQ(rawAt(0)->pointType, 0);
+}
+
+TEST_F(LoggingTest, DetailedSwitchFillsTheDetailedRecord) {
+  const std::string grouping = unique("G");
+  tgEnableTracer(grouping, true);
+  EXPECT_TRUE(tgEnableDetailedMemStats(true));
+  ASSERT_TRUE(tgLogORRERYData(grouping, "p", true));
+  EXPECT_FALSE(tgEnableDetailedMemStats(false));
+  ASSERT_TRUE(tgLogORRERYData(grouping, "p", false));
+  const auto& on = *rawAt(0)->detailedMemStats;
+  EXPECT_GT(on.commitMem, 0.0);
+  EXPECT_GT(on.freeMem, 0.0);
+  EXPECT_GT(on.dllsMem, 0.0);
+  EXPECT_EQ(on.nonprocessMem, static_cast<double>(0xFFFFFFFFull - 0x7fffffffffffull + 1));
+  const auto& off = *rawAt(1)->detailedMemStats;
+  EXPECT_EQ(off.commitMem + off.freeMem + off.resMem + off.dllsMem + off.nonprocessMem, 0.0);
+}
+
+// Several threads log at once, by name and by id, while another thread keeps
+// adding and switching groupings. Every call that says it stored a point did,
+// and every point is whole and in stamp order.
+TEST_F(LoggingTest, ThreadsLoggingAtOnceLoseNothing) {
+  constexpr int kThreads = 4;
+  constexpr int kPairs = 500;
+  const std::string grouping = unique("G");
+  tgEnableTracer(grouping, true);
+  const std::int32_t groupingId = store().findId(tg::kGroupingKind, grouping);
+  std::atomic<int> stored{0};
+  std::atomic<bool> stop{false};
+  std::thread churn([&] {
+    for (int i = 0; !stop.load(); ++i) {
+      const std::string other = unique("churn" + std::to_string(i % 50));
+      tgEnableTracer(other, i % 2 == 0);
+      tgAddGrouping(other, {other + ".child"});
+      if (i % 7 == 0) tgRemoveGrouping(other);
+    }
+  });
+  std::vector<std::thread> loggers;
+  for (int t = 0; t < kThreads; ++t) {
+    loggers.emplace_back([&, t] {
+      const std::string phase = "phase" + std::to_string(t);
+      for (int i = 0; i < kPairs; ++i) {
+        stored += tgLogORRERYData(grouping, phase, true);
+        stored += tgLogCogwheelData(groupingId, "model" + std::to_string(t), "target", phase, false);
+      }
+    });
+  }
+  for (auto& thread : loggers) thread.join();
+  stop = true;
+  churn.join();
+  ASSERT_EQ(stored.load(), kThreads * kPairs * 2);
+  ASSERT_EQ(rawCount(), static_cast<std::size_t>(kThreads * kPairs * 2));
+  std::vector<int> starts(kThreads, 0);
+  std::vector<int> ends(kThreads, 0);
+  double lastStamp = 0.0;
+  for (std::size_t i = 0; i < rawCount(); ++i) {
+    const RawPointPtr p = rawAt(i);
+    ASSERT_EQ(p->groupingId, groupingId);
+    const std::string phase = tgGetPhaseStr(p->phaseId);
+    ASSERT_EQ(phase.rfind("phase", 0), 0u) << phase;
+    const int t = std::stoi(phase.substr(5));
+    ASSERT_TRUE(t >= 0 && t < kThreads);
+    if (p->isStart()) {
+      ++starts[t];
+      EXPECT_EQ(p->pointType, 0);
+    } else {
+      ++ends[t];
+      const auto cw = std::dynamic_pointer_cast<TGCWGENDataPoint>(p);
+      ASSERT_TRUE(cw);
+      EXPECT_EQ(tgGetModelStr(cw->modelId), "model" + std::to_string(t));
+    }
+    EXPECT_GE(p->wallTime, lastStamp);
+    lastStamp = p->wallTime;
+  }
+  for (int t = 0; t < kThreads; ++t) {
+    EXPECT_EQ(starts[t], kPairs);
+    EXPECT_EQ(ends[t], kPairs);
+  }
+}
+
+}  // namespace
