@@ -1,0 +1,78 @@
+// Name arrays of a report and the escaping of user text in them.
+#include <gtest/gtest.h>
+
+#include "analysis/escape.h"
+#include "analysis/report_data.h"
+#include "collect/tempo_gauge.h"
+
+namespace {
+
+const std::string kSharedVariables =
+    "       var PhaseLengths     = new Array();\n"
+    "       var GroupingLengths  = new Array();\n"
+    "       var ModelLengths     = new Array();\n"
+    "       var TargetLengths    = new Array();\n"
+    "       var MachineLengths   = new Array();\n"
+    "       var ChartLengths     = new Array();\n"
+    "       var ExpandStrLengths = new Array();\n"
+    "       var ExpandStr        = [\"&nbsp;&nbsp;&nbsp;\",\"[+]\",\"[-]\"];\n"
+    "       var phaseStrToShow;\n"
+    "       var modelStrToShow;\n"
+    "       var machineStrToShow;\n"
+    "       var chartStrToShow;\n"
+    "       var phaseStr;\n"
+    "       var modelStr;\n"
+    "       var machineStr;\n"
+    "       var chartStr;\n"
+    "       var targetStr;\n"
+    "       var groupingStr;\n";
+
+TEST(ReportDataNames, ArraysByIdWithOrdinaryNamesUnchanged) {
+  TempoGauge tracer;
+  tracer.initialize();
+  tracer.lookupId(tg::kPhaseKind, "Load model_1.2/step-3", true);
+  tracer.lookupId(tg::kPhaseKind, "/Solve", true);  // a leading slash is cleaned off
+  tracer.lookupId(tg::kGroupingKind, "MyGrouping", true);
+  tracer.lookupId(tg::kModelKind, "two\nlines", true);
+  tracer.lookupId(tg::kChartKind, "Chart A", true);
+  tracer.lookupId(tg::kChartKind, "Chart B", true);
+  tracer.lookupId(tg::kStatisticsTypeKind, "never written", true);
+  EXPECT_EQ(writeNameArrays(&tracer),
+            "        var Phase = [\"Load model_1.2/step-3\", \n\"Solve\"];\n"
+            "        var Grouping = [\"MyGrouping\"];\n"
+            "        var Model = [\"two lines\"];\n"
+            "        var Target = [];\n"
+            "        var Machine = [];\n"
+            "        var Chart = [\"Chart A\", \n\"Chart B\"];\n" +
+                kSharedVariables);
+}
+
+TEST(ReportDataNames, NoTracerOrNoTables) {
+  const std::string empty =
+      "        var Phase = [];\n        var Grouping = [];\n        var Model = [];\n"
+      "        var Target = [];\n        var Machine = [];\n        var Chart = [];\n";
+  EXPECT_EQ(writeNameArrays(nullptr), empty + kSharedVariables);
+  const TempoGauge bare;  // tables never created
+  EXPECT_EQ(writeNameArrays(&bare), empty + kSharedVariables);
+}
+
+TEST(ReportDataNames, HostileNamesCannotBreakTheScript) {
+  TempoGauge tracer;
+  tracer.initialize();
+  tracer.lookupId(tg::kGroupingKind, "a\"b'c\\d</script><script>alert(1)</script>\re", true);
+  const std::string text = writeNameArrays(&tracer);
+  EXPECT_NE(text.find("var Grouping = [\"a\\\"b\\'c\\\\d<\\/script><script>alert(1)<\\/script>\\re\"];\n"),
+            std::string::npos)
+      << text;
+}
+
+TEST(Escape, ScriptStringAndHtml) {
+  EXPECT_EQ(escapeScriptString("Plain name_1.2/x-y z"), "Plain name_1.2/x-y z");
+  EXPECT_EQ(escapeScriptString("x\ny</b"), "x\\ny<\\/b");
+  EXPECT_EQ(escapeScriptString("<a>"), "<a>");
+  EXPECT_EQ(escapeScriptString("a\xE2\x80\xA8" "b\xE2\x80\xA9" "c\xE2\x82\xAC"), "a\\u2028b\\u2029c\xE2\x82\xAC");
+  EXPECT_EQ(escapeHtml("Plain name_1.2/x-y z"), "Plain name_1.2/x-y z");
+  EXPECT_EQ(escapeHtml("<b a=\"1\" c='2'>&</b>"), "&lt;b a=&quot;1&quot; c=&#39;2&#39;&gt;&amp;&lt;/b&gt;");
+}
+
+}  // namespace
