@@ -1,0 +1,158 @@
+// The merged call tree: signatures, linking by number, merging of like loops.
+#include <gtest/gtest.h>
+
+#include "analysis_trace_builder.h"
+#include "host/md5.h"
+#include "tempogauge/tempogauge.h"
+
+namespace {
+
+using tgtest::TraceBuilder;
+
+ProcessedPointPtr numbered(const std::string& phase, const std::string& number, std::int32_t row,
+                           std::int32_t children, bool gap = false) {
+  auto raw = tgtest::makeRawPoint({0, "G", phase}, true, 0.0, 0.0);
+  raw->flags.isGap = gap ? 1 : 0;
+  auto p = makeProcessedPoint(*raw, row, 0);
+  p->HTMLPhaseNumString = number;
+  p->numChildren = children;
+  return p;
+}
+
+CallTreeNodePtr node(std::uint32_t signature, std::vector<std::int32_t> ids, bool gap = false,
+                     std::vector<CallTreeNodePtr> children = {}) {
+  auto n = std::make_shared<callTreeNode>();
+  n->signature = signature;
+  n->ids = std::move(ids);
+  n->isGap = gap;
+  n->children = std::move(children);
+  return n;
+}
+
+TEST(CallTree, HashIsTheWordSumOfTheMd5OfTheFourBytes) {
+  // Values from an independent MD5 of the little-endian bytes.
+  EXPECT_EQ(hashID(0), 937169022u);
+  EXPECT_EQ(hashID(1), 2078896056u);
+  EXPECT_EQ(hashID(-1), 4086641230u);
+  EXPECT_EQ(hashID(12345), 2246446227u);
+  EXPECT_EQ(hashID(12345), 2246446227u);  // and again, from memory
+  tg::Md5Checksum md5;
+  md5.addn("abc", 3);
+  const auto digest = md5.getValueAndReset();
+  EXPECT_EQ(digest[0], 0x90);
+  EXPECT_EQ(digest[15], 0x72);
+  md5.addn("abc", 3);
+  EXPECT_EQ(md5.getValueAndReset(), digest);  // a reading starts over
+}
+
+TEST(CallTree, NodeSignaturesAndDirectChildren) {
+  TraceBuilder t;
+  t.defaults = {1, "G", "Step", "Mod", "Tgt"};
+  t.start("Step").stop("Step", 0.01);
+  const auto r = analyzeRawPoints(t.points, {"G"}, false);
+  const CallTree roots = linkCallTreeNodes(r.processedPoints);
+  ASSERT_EQ(roots.size(), 1u);
+  const auto& p = *r.processedPoints[0];
+  EXPECT_EQ(roots[0]->signature, hashID(p.grouping) + hashID(p.phaseID) + hashID(p.getModel()) + hashID(p.getTarget()));
+  EXPECT_EQ(roots[0]->ids, (std::vector<std::int32_t>{0}));
+  EXPECT_EQ(roots[0]->phaseNum, "1");
+  const CallTree gap = linkCallTreeNodes({numbered("Step_post", "1", 1, 0, true)});
+  EXPECT_EQ(gap[0]->signature, hashID(tgGetId(tg::kPhaseKind, "Step_post")));
+  EXPECT_TRUE(gap[0]->isGap);
+
+  EXPECT_TRUE(isDirectChild("1.2", "1.2.3"));
+  EXPECT_FALSE(isDirectChild("1.2", "1.2.3.1"));
+  EXPECT_FALSE(isDirectChild("1.2", "1.23"));
+  EXPECT_FALSE(isDirectChild("1.2", "1.3.1"));
+  EXPECT_TRUE(isDirectChild("12", "12.1"));
+}
+
+TEST(CallTree, PointWithoutParentOnTheStackBecomesARoot) {
+  const CallTree roots = linkCallTreeNodes({
+      numbered("A", "1", 1, 1), numbered("B", "1.1", 2, 0),
+      numbered("C", "2.1", 3, 0),   // leaf, no "2" open
+      numbered("D", "3.1", 4, 1),   // parent, no "3" open
+      numbered("E", "3.1.1", 5, 0),
+  });
+  ASSERT_EQ(roots.size(), 3u);
+  EXPECT_EQ(roots[0]->phaseNum, "1");
+  ASSERT_EQ(roots[0]->children.size(), 1u);
+  EXPECT_EQ(roots[1]->phaseNum, "2.1");
+  EXPECT_EQ(roots[2]->phaseNum, "3.1");
+  ASSERT_EQ(roots[2]->children.size(), 1u);
+  EXPECT_EQ(roots[2]->children[0]->ids, (std::vector<std::int32_t>{4}));
+}
+
+TEST(CallTree, RunsOfLikeChildrenCountOnceAndGapsNotAtAll) {
+  auto withKids = [](std::vector<CallTreeNodePtr> kids) { return node(1000, {0}, false, std::move(kids)); };
+  auto aab = withKids({node(5, {}), node(5, {}), node(7, {})});
+  auto ab = withKids({node(5, {}), node(7, {})});
+  auto agb = withKids({node(5, {}), node(99, {}, true), node(7, {})});
+  auto aba = withKids({node(5, {}), node(7, {}), node(5, {})});
+  EXPECT_EQ(subtreeSignature(*aab), 1012u);
+  EXPECT_EQ(subtreeSignature(*ab), 1012u);
+  EXPECT_EQ(subtreeSignature(*agb), 1012u);
+  EXPECT_EQ(subtreeSignature(*aba), 1017u);
+  EXPECT_EQ(agb->children[1]->signature, 99u);  // a gap keeps its own
+
+  CallTree roots{node(42, {0}, true, {node(1, {})}), withKids({node(1, {})})};
+  computeRootSignatures(roots);
+  EXPECT_EQ(roots[0]->signature, 42u);
+  EXPECT_EQ(roots[1]->signature, 1001u);
+}
+
+TEST(CallTree, LikeLoopsMergeIntoOneNodeWithAllRows) {
+  TraceBuilder t;
+  for (int loop = 0; loop < 2; ++loop) {
+    t.start("Loop", 0.01).start("Body", 0.01).stop("Body", 0.01).start("Tail", 0.01).stop("Tail", 0.01)
+        .stop("Loop", 0.01);
+  }
+  t.start("Other", 0.01).stop("Other", 0.01);
+  const auto r = analyzeRawPoints(t.points, {"G"}, false);
+  ASSERT_EQ(r.processedPoints.size(), 7u);
+  const CallTree roots = buildCallTree(r.processedPoints);
+  ASSERT_EQ(roots.size(), 2u);
+  EXPECT_EQ(roots[0]->ids, (std::vector<std::int32_t>{0, 3}));
+  ASSERT_EQ(roots[0]->children.size(), 2u);
+  EXPECT_EQ(roots[0]->children[0]->ids, (std::vector<std::int32_t>{1, 4}));
+  EXPECT_EQ(roots[0]->children[1]->ids, (std::vector<std::int32_t>{2, 5}));
+  EXPECT_EQ(roots[1]->ids, (std::vector<std::int32_t>{6}));
+  EXPECT_EQ(roots[1]->phaseNum, "3");
+  EXPECT_TRUE(buildCallTree({}).empty());
+}
+
+TEST(CallTree, MergeTakesOverGapsAndDropsOtherMismatches) {
+  // a: [X, Y]   b: [G(gap), X, Z, Y]
+  callTreeNode a;
+  a.children = {node(1, {10}), node(2, {11})};
+  callTreeNode b;
+  b.children = {node(9, {20}, true), node(1, {21}), node(3, {22}), node(2, {23})};
+  mergeTrees(a, b);
+  ASSERT_EQ(a.children.size(), 3u);
+  EXPECT_EQ(a.children[0]->ids, (std::vector<std::int32_t>{20}));  // the gap, taken over
+  EXPECT_EQ(a.children[1]->ids, (std::vector<std::int32_t>{10, 21}));
+  EXPECT_EQ(a.children[2]->ids, (std::vector<std::int32_t>{11, 23}));  // Z was dropped
+
+  // The step counter keeps counting steps that moved only b: after two
+  // dropped children of b, a gap taken over puts the walk of a past its end.
+  callTreeNode c;
+  c.children = {node(1, {0}), node(2, {1}), node(3, {2})};
+  callTreeNode d;
+  d.children = {node(7, {5}), node(8, {6}), node(9, {7}, true), node(1, {8})};
+  mergeTrees(c, d);
+  ASSERT_EQ(c.children.size(), 4u);
+  EXPECT_EQ(c.children[0]->ids, (std::vector<std::int32_t>{7}));
+  EXPECT_EQ(c.children[1]->ids, (std::vector<std::int32_t>{0}));  // never compared with d's 1
+}
+
+TEST(CallTree, SiblingsMergeOnlyWithTheFirstOfTheirSignature) {
+  CallTree list{node(1, {0}, false, {node(5, {1})}), node(2, {2}), node(1, {3}, false, {node(5, {4})}),
+                node(1, {5})};
+  mergeSiblings(list);
+  ASSERT_EQ(list.size(), 2u);
+  EXPECT_EQ(list[0]->ids, (std::vector<std::int32_t>{0, 3, 5}));
+  EXPECT_EQ(list[0]->children[0]->ids, (std::vector<std::int32_t>{1, 4}));
+  EXPECT_EQ(list[1]->ids, (std::vector<std::int32_t>{2}));
+}
+
+}  // namespace
