@@ -1,9 +1,9 @@
 #include "report/page_head.h"
 
 #include "collect/constants.h"
-#include "report/phase_cell_styles.h"
+#include "analysis/report_data.h"
 #include "report/report_assets.h"
-#include "report/text_escape.h"
+#include "analysis/escape.h"
 
 namespace {
 // Without a call tree depth the page still carries the first eight indents.
@@ -23,11 +23,11 @@ std::string writePageHead(TempoGauge* /*store*/, int maxDepth, std::string_view 
   out += "        <meta http-equiv=\"Content-type\" ";
   out += "content=\"text/html;charset=UTF-8\" />\n";
   out += "        <title>";
-  out += htmlEscaped(pageTitleText(title));
+  out += escapeHtml(pageTitleText(title));
   out += "</title>\n";
   out += "        <style type=\"text/css\" media=\"screen\">\n";
   out += tg::assets::page_style_top_css;
-  out += phaseCellIndentRules(maxDepth > 0 ? maxDepth : kFixedIndentRules);
+  out += writePhaseCellStyles(maxDepth > 0 ? maxDepth : kFixedIndentRules);
   out += tg::assets::page_style_middle_css;
   if (isComparison) out += tg::assets::page_style_comparison_css;
   out += tg::assets::page_style_bottom_css;

@@ -4,7 +4,7 @@
 
 #include "report/document_fragments.h"
 #include "report/report_assets.h"
-#include "report/text_escape.h"
+#include "analysis/escape.h"
 #include "report/variant_text.h"
 
 void writeSortScript(std::string& out) {
@@ -17,8 +17,8 @@ void writeCommonScript(std::string& out, std::string_view metric, bool isCompari
                        std::string_view rhsName, bool aggregateOnly) {
   // The labels are shown as markup by the tables, so they are escaped for
   // HTML first and then for the script string they are written into.
-  const std::string lhs = scriptStringEscaped(htmlEscaped(lhsName));
-  const std::string rhs = scriptStringEscaped(htmlEscaped(rhsName));
+  const std::string lhs = escapeScriptString(escapeHtml(lhsName));
+  const std::string rhs = escapeScriptString(escapeHtml(rhsName));
   const std::array<TextSubstitution, 2> labels{{{"@LHS_NAME@", lhs}, {"@RHS_NAME@", rhs}}};
   ReportVariant variant;
   variant.metric = metric;

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "report/text_escape.h"
+#include "analysis/escape.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ void appendRow(std::string& out, std::string_view label, const std::string& valu
   out += "                        <tr><td><b>";
   out += label;
   out += "</b></td><td>";
-  out += htmlEscaped(value);
+  out += escapeHtml(value);
   out += "</td></tr>\n";
 }
 
@@ -45,7 +45,7 @@ std::string writeSystemInfoTable(const TempoGaugingSystemInfo* record) {
   out += "</td></tr>\n";
   out += "                <tr><th>OS/Product Details</th></tr>\n";
   out += "                <tr><td><pre class=\"SystemInfoText\">";
-  if (record != nullptr) out += htmlEscaped(record->installedProductsStr);
+  if (record != nullptr) out += escapeHtml(record->installedProductsStr);
   out += "</pre></td></tr>\n";
   out += "            </table>\n";
   out += "        </div>\n";
@@ -66,9 +66,9 @@ std::string writeSystemInfoComparison(const TempoGaugingSystemInfo& lhs, const T
   out += "                <tr><th colspan=\"2\">OS/Product Details</th></tr>\n";
   out += "                <tr><td colspan=\"2\"><div class=\"SystemInfoComparisonDiv\"><table style=\"width:100%;\">"
          "<tr class=\"SystemInfoTextComparison\"><td><pre>";
-  out += htmlEscaped(lhs.installedProductsStr);
+  out += escapeHtml(lhs.installedProductsStr);
   out += "</pre></td><td><pre>";
-  out += htmlEscaped(rhs.installedProductsStr);
+  out += escapeHtml(rhs.installedProductsStr);
   out += "</pre></td></tr></table></div></td></tr>\n";
   out += "            </table>\n";
   out += "        </div>\n";

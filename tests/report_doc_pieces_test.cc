@@ -13,7 +13,6 @@
 #include "report/system_info_table.h"
 #include "report/tab_bars.h"
 #include "report/tab_divs.h"
-#include "report/text_escape.h"
 #include "report/variant_text.h"
 
 namespace {
@@ -94,14 +93,6 @@ TEST(VariantText, EveryAssetSelectsInEveryVariant) {
       }
     }
   }
-}
-
-TEST(TextEscape, EscapesForHtmlAndScriptStrings) {
-  EXPECT_EQ(htmlEscaped("a<b>&\"c'"), "a&lt;b&gt;&amp;&quot;c&#39;");
-  EXPECT_EQ(scriptStringEscaped("a\\b\"c'd\ne\rf</script>"), "a\\\\b\\\"c\\'d\\ne\\rf<\\/script>");
-  const std::string_view plain = "Phase_1.2/x - y";
-  EXPECT_EQ(htmlEscaped(plain), plain);
-  EXPECT_EQ(scriptStringEscaped(plain), plain);
 }
 
 TEST(PageHead, TitleFollowsTheTitleArgument) {

@@ -85,6 +85,13 @@ var getElementsByClassName = function (className, tag, elm) {
     return getElementsByClassName(className, tag, elm);
 };
 
+//#if aggregateOnly && detailedmemory && detailedMemStats
+// The body's mouse move handler drags the memory chart's pop-ups; a report
+// without the chart has none to drag.
+function dialogMove(event) {
+}
+
+//#endif
 function SetHeaderVisibility(headerClassName, visibilityStr) {
     var headers = getElementsByClassName(headerClassName);
     if (headers == null || headers.length == 0) return;

@@ -1,0 +1,271 @@
+// The four report drivers: the order of the pieces of each report kind, the
+// pages that stand in for a report, and the results of each failure.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "report_doc_trace.h"
+#include "tempogauge/report.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string readFile(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+std::size_t countOf(std::string_view text, std::string_view what) {
+  std::size_t count = 0;
+  for (auto pos = text.find(what); pos != std::string_view::npos; pos = text.find(what, pos + what.size())) ++count;
+  return count;
+}
+
+// Each marker is found in the text, and after the one before it.
+void expectInOrder(const std::string& text, const std::vector<std::string_view>& markers) {
+  std::size_t last = 0;
+  std::string_view previous = "the start";
+  for (const auto marker : markers) {
+    const auto pos = text.find(marker, last);
+    ASSERT_NE(pos, std::string::npos) << "'" << marker << "' is missing after " << previous;
+    last = pos + marker.size();
+    previous = marker;
+  }
+}
+
+RawPointVector nestedRun(bool detailed, bool slower = false) {
+  tgreport::RunBuilder run(detailed);
+  run.open("Outer").open("Middle").phase("Inner", slower ? 2.0 : 1.0).close("Middle", 0.01);
+  run.phase(slower ? "Right only" : "Left only", 0.5);
+  run.close("Outer", 0.01);
+  return run.take();
+}
+
+RawPointVector unpairedRun() {
+  tgreport::RunBuilder run(false);
+  run.phase("Fine", 1.0).open("Never stopped");
+  return run.take();
+}
+
+TempoGaugingSystemInfo record(std::string_view processor) {
+  TempoGaugingSystemInfo info;
+  info.processorStr = std::string(processor);
+  info.installedProductsStr = "products of " + std::string(processor);
+  return info;
+}
+
+class ReportDriverTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir_ = fs::temp_directory_path() /
+           ("tg_report_drivers_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  std::string path(std::string_view name) const { return (dir_ / name).string(); }
+
+  bool single(bool aggregateOnly, std::string_view file, std::string_view metric, RawPointVector raw,
+              std::string_view title = "Workload") {
+    const auto info = record("Only CPU");
+    const auto write = aggregateOnly ? writeAggregateReport : writeDetailReport;
+    return write(TempoGauge::instance(), path(file), "Workload", title, metric, false, &raw, &info);
+  }
+
+  bool comparison(bool aggregateOnly, std::string_view file, std::string_view metric, RawPointVector lhs,
+                  RawPointVector rhs, std::string_view grouping = "Workload") {
+    const auto lhsInfo = record("Left CPU");
+    const auto rhsInfo = record("Right CPU");
+    const auto write = aggregateOnly ? writeAggregateDifferenceReport : writeDifferenceReport;
+    return write(TempoGauge::instance(), path(file), grouping, "Left run", "Right run", &lhs, &rhs, &lhsInfo,
+                 &rhsInfo, metric);
+  }
+
+  fs::path dir_;
+};
+
+TEST_F(ReportDriverTest, AggregateReportHoldsItsPiecesInOrderAndNothingElse) {
+  ASSERT_TRUE(single(true, "aggregate.html", "time", nestedRun(false), "GLOBAL"));
+  const auto text = readFile(path("aggregate.html"));
+  EXPECT_EQ(text.rfind("<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n", 0), 0u);
+  expectInOrder(text, {"<html xmlns=\"http://www.w3.org/1999/xhtml\"xml:lang=\"en\" lang=\"en\">\n",
+                       "    <head>\n", "<title>Full Tracer Report</title>",
+                       "    <body onresize=\"onResizeAction()\" onload=\"ShowTable('aggregateSummary'); "
+                       "onResizeAction();\">\n",
+                       "        <div align=\"center\">\n", "id = \"headerTable\"", "id = \"aggregateSummaryDiv\"",
+                       "id = \"systemInfoTableDiv\"", "Only CPU", "        </div>\n",
+                       "id = \"aggregateSummaryScrollTableDiv\"", "id = \"FakeSpan\"", "    </body>\n</html>\n",
+                       "function ShowTable(", "function quicksort(", "var ABSMAXNUMPHASES = 32;",
+                       "function sortAggData(", "    </script>\n    <script type=\"text/javascript\">\n",
+                       "var Phase = [", "var aggData = [", "    </script>\n"});
+  EXPECT_TRUE(text.ends_with("];\n\n    </script>\n"));
+  EXPECT_EQ(countOf(text, "<div id=\"header\""), 2u);
+  for (const std::string_view absent :
+       {"phaseSummaryDiv", "callTreeSummaryDiv", "phaseSummaryScrollTableDiv", "callTreeSummaryScrollTableDiv",
+        "var procData", "var callTreeArray", "openDetailTab", "'Detail'", "td.GT50"}) {
+    EXPECT_EQ(text.find(absent), std::string::npos) << absent;
+  }
+  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
+}
+
+TEST_F(ReportDriverTest, DetailReportCarriesAllThreeViews) {
+  ASSERT_TRUE(single(false, "detail.html", "time", nestedRun(false)));
+  const auto text = readFile(path("detail.html"));
+  expectInOrder(text, {"<title>Workload</title>", "<li><span>Aggregate</span></li>",
+                       "ShowTable('callTreeSummary')\">Call Tree</a>", "ShowTable('phaseSummary')\">Details</a>",
+                       "ShowTable('systemInfo')\">System Info</a>", "id = \"aggregateSummaryDiv\"",
+                       "id = \"callTreeSummaryDiv\"", "id = \"phaseSummaryDiv\"", "id = \"systemInfoTableDiv\"",
+                       "'Aggregate');\"></div>", "'Detail');\"></div>", "'CallTree');\"></div>", "</html>\n",
+                       "function ShowTable(", "function quicksort(", "function filterCTDataView(",
+                       "function openDetailTab(nodeIndex)", "var callTreeArray", "var procData = [",
+                       "var Phase = [", "var aggData = ["});
+  EXPECT_EQ(text.find("MemChart"), std::string::npos);
+  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
+  // The indent rules follow the depth of the call tree: Outer > Middle > Inner.
+  EXPECT_NE(text.find("td.phaseNameCell2 {"), std::string::npos);
+  EXPECT_EQ(text.find("td.phaseNameCell7 {"), std::string::npos);
+}
+
+TEST_F(ReportDriverTest, DifferenceReportHasNoCallTreePieces) {
+  ASSERT_TRUE(comparison(false, "diff.html", "time", nestedRun(false), nestedRun(false, true), "GLOBAL"));
+  const auto text = readFile(path("diff.html"));
+  expectInOrder(text, {"<title>Performance Comparison</title>", "td.GT50 {", "id = \"headerTable\"",
+                       "id = \"phaseSummaryDiv\"", "id = \"aggregateSummaryDiv\"", "id = \"systemInfoTableDiv\"",
+                       "Left CPU", "Right CPU", "function ShowTable(", "'Aggregate');\"></div>",
+                       "'Detail');\"></div>", "    </body>\n</html>\n", "function quicksort(",
+                       "var lhsLabel = \"Left run\"", "var procData = [", "function openDetailTab(phaseName)",
+                       "var Phase = [", "var aggData = ["});
+  for (const std::string_view absent : {"id = \"callTreeSummaryDiv\"", "id = \"callTreeSummaryScrollTableDiv\"",
+                                        "Call Tree", "var callTreeArray", "callTreeHeader"}) {
+    EXPECT_EQ(text.find(absent), std::string::npos) << absent;
+  }
+  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
+}
+
+TEST_F(ReportDriverTest, AggregateDifferenceReportKeepsTheDetailScroller) {
+  ASSERT_TRUE(comparison(true, "aggdiff.html", "basicmemory", nestedRun(false), nestedRun(false, true)));
+  const auto text = readFile(path("aggdiff.html"));
+  expectInOrder(text, {"<title>Workload Performance Comparison</title>", "id = \"aggregateSummaryDiv\"",
+                       "id = \"systemInfoTableDiv\"", "function ShowTable(", "'Aggregate');\"></div>",
+                       "id = \"FakeSpan\"", "id = \"phaseSummaryScrollTableDiv\"", "    </body>\n</html>\n",
+                       "function quicksort(", "var rhsLabel = \"Right run\";", "function sortAggData(",
+                       "    </script>\n", "var Phase = [", "var aggDataStruct = makeStruct(\"IsParent Phase LHS_Count",
+                       "    </script>\n"});
+  EXPECT_EQ(countOf(text, "<div id=\"header\""), 2u);
+  for (const std::string_view absent : {"id = \"phaseSummaryDiv\"", "var procData", "openDetailTab"}) {
+    EXPECT_EQ(text.find(absent), std::string::npos) << absent;
+  }
+}
+
+TEST_F(ReportDriverTest, ComparisonHeadTakesTheDeeperRun) {
+  const auto flatRun = [] {
+    tgreport::RunBuilder flat(false);
+    flat.phase("Inner", 1.0);
+    return flat.take();
+  };
+  const auto indentRules = [&](RawPointVector lhs, RawPointVector rhs) {
+    EXPECT_TRUE(comparison(true, "depth.html", "time", std::move(lhs), std::move(rhs)));
+    const auto text = readFile(path("depth.html"));
+    std::size_t rules = 0;
+    while (text.find("td.phaseNameCell" + std::to_string(rules) + " {") != std::string::npos) ++rules;
+    return rules;
+  };
+  const auto flat = indentRules(flatRun(), flatRun());
+  const auto deepRight = indentRules(flatRun(), nestedRun(false));
+  EXPECT_GT(deepRight, flat);
+  EXPECT_EQ(indentRules(nestedRun(false), flatRun()), deepRight);
+}
+
+TEST_F(ReportDriverTest, DetailedMetricWithDetailUsesTheDialogBody) {
+  ASSERT_TRUE(single(true, "detailed.html", "detailedmemory", nestedRun(true)));
+  const auto text = readFile(path("detailed.html"));
+  EXPECT_NE(text.find("    <body onresize=\"onResizeAction()\" onmousemove=\"dialogMove(event)\" "
+                      "onload=\"ShowTable('aggregateSummary'); onResizeAction();\">\n"),
+            std::string::npos);
+  EXPECT_NE(text.find("function dialogMove(event)"), std::string::npos);
+  ASSERT_TRUE(single(true, "basic.html", "basicmemory", nestedRun(true)));
+  EXPECT_EQ(readFile(path("basic.html")).find("onmousemove"), std::string::npos);
+}
+
+TEST_F(ReportDriverTest, UnpairedPhasesGiveTheErrorPageInSingleRunReports) {
+  for (const bool aggregateOnly : {false, true}) {
+    ASSERT_TRUE(single(aggregateOnly, "error.html", "time", unpairedRun()));
+    EXPECT_EQ(readFile(path("error.html")),
+              "<html>\n    <body>\nAn error has been detected in the TempoGauge instrumentation.\n"
+              "Please call:<br> GaugeKit.Tracer.diagnosticReport('htmlfile', 'mydiag.html')<br>\n"
+              "to generate a Diagnostic Report to determine where the error(s) occur.\n    </body>\n</html>\n");
+  }
+}
+
+TEST_F(ReportDriverTest, UnpairedPhasesFailAComparisonAndLeaveTheFileEmpty) {
+  {
+    std::ofstream old(path("old.html"));
+    old << "an old report";
+  }
+  EXPECT_FALSE(comparison(false, "old.html", "time", unpairedRun(), nestedRun(false)));
+  EXPECT_TRUE(fs::exists(path("old.html")));
+  EXPECT_EQ(readFile(path("old.html")), "");
+  EXPECT_FALSE(comparison(true, "old.html", "time", nestedRun(false), unpairedRun()));
+  EXPECT_EQ(readFile(path("old.html")), "");
+}
+
+TEST_F(ReportDriverTest, DetailedMetricWithoutDetailGivesTheNotice) {
+  ASSERT_TRUE(single(false, "nodetail.html", "detailedmemory", nestedRun(false)));
+  const auto singlePage = readFile(path("nodetail.html"));
+  EXPECT_TRUE(singlePage.starts_with("<html>\n    <body>\nDetailed memstats was not collected.<br>\n"));
+  EXPECT_NE(singlePage.find("please call:<br> GaugeKit.Tracer.clearRawData;<br>\n"
+                            "GaugeKit.Tracer.enableDetailedMemStats(true)<br>\n    </body>\n</html>\n"),
+            std::string::npos);
+  EXPECT_EQ(singlePage.find("<div id=\"header\""), std::string::npos);
+
+  // Both runs must have detail for a comparison to show it.
+  ASSERT_TRUE(comparison(true, "nodetail2.html", "detailedmemory", nestedRun(true), nestedRun(false)));
+  const auto comparisonPage = readFile(path("nodetail2.html"));
+  EXPECT_NE(comparisonPage.find("please call:<br>GaugeKit.Tracer.clearRawData;<br>\n"
+                                "GaugeKit.Tracer.enableDetailedMemStats(true);<br>\n    </body>\n</html>\n"),
+            std::string::npos);
+  EXPECT_EQ(comparisonPage.find("<!DOCTYPE"), std::string::npos);
+}
+
+TEST_F(ReportDriverTest, AFileThatCannotBeOpenedFailsEveryDriver) {
+  const auto missingDir = (dir_ / "no such dir" / "report.html").string();
+  auto raw = nestedRun(false);
+  auto lhs = nestedRun(false);
+  auto rhs = nestedRun(false);
+  const auto info = record("cpu");
+  auto* store = TempoGauge::instance();
+  EXPECT_FALSE(writeDetailReport(store, missingDir, "Workload", "t", "time", false, &raw, &info));
+  EXPECT_FALSE(writeAggregateReport(store, missingDir, "Workload", "t", "time", false, &raw, &info));
+  EXPECT_FALSE(writeDifferenceReport(store, missingDir, "Workload", "l", "r", &lhs, &rhs, &info, &info, "time"));
+  EXPECT_FALSE(
+      writeAggregateDifferenceReport(store, missingDir, "Workload", "l", "r", &lhs, &rhs, &info, &info, "time"));
+  EXPECT_FALSE(fs::exists(dir_ / "no such dir"));
+}
+
+TEST_F(ReportDriverTest, UserTextCannotBreakTheReport) {
+  const auto hostileRun = [] {
+    tgreport::RunBuilder run(false, "Group</script>");
+    run.phase("Phase \"quoted\" </script><b>", 1.0);
+    return run.take();
+  };
+  auto lhs = hostileRun();
+  auto raw = hostileRun();
+  const auto info = record("<script>alert(1)</script>");
+  ASSERT_TRUE(writeAggregateDifferenceReport(TempoGauge::instance(), path("hostile.html"), "Group</script>",
+                                             "left \"</script>", "right\n'x'", &lhs, &raw, &info, &info, "time"));
+  const auto text = readFile(path("hostile.html"));
+  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
+  EXPECT_EQ(countOf(text, "<script"), 4u);
+  EXPECT_NE(text.find("<title>Group&lt;/script&gt; Performance Comparison</title>"), std::string::npos);
+}
+
+}  // namespace
