@@ -24,19 +24,20 @@ class Frontiers {
  public:
   std::int64_t get(std::int64_t delta, std::int64_t k) const {
     if (k < -delta || k > delta) return -1;
-    return entries_[offset(delta) + static_cast<std::size_t>((k + delta) / 2)];
+    return levels_[static_cast<std::size_t>(delta)][static_cast<std::size_t>((k + delta) / 2)];
   }
-  std::size_t sizeAfter(std::int64_t delta) const { return offset(delta + 1); }
-  std::int32_t* level(std::int64_t delta) {
-    entries_.resize(offset(delta + 1), -1);
-    return entries_.data() + offset(delta);
+  std::size_t entries() const { return entries_; }
+  // Adds level delta (the next one), all -1. Each level is its own block, so
+  // that growing never copies what is stored.
+  std::int32_t* addLevel(std::int64_t delta) {
+    levels_.emplace_back(static_cast<std::size_t>(delta + 1), -1);
+    entries_ += static_cast<std::size_t>(delta + 1);
+    return levels_.back().data();
   }
 
  private:
-  static std::size_t offset(std::int64_t delta) {
-    return static_cast<std::size_t>(delta) * static_cast<std::size_t>(delta + 1) / 2;
-  }
-  std::vector<std::int32_t> entries_;
+  std::vector<std::vector<std::int32_t>> levels_;
+  std::size_t entries_ = 0;
 };
 
 }  // namespace
@@ -49,8 +50,8 @@ std::optional<std::vector<AlignmentStep>> alignByFrontiers(std::span<const std::
   Frontiers frontiers;
   std::int64_t distance = 0;
   for (std::int64_t delta = 0;; ++delta) {
-    if (frontiers.sizeAfter(delta) > maxFrontierEntries) return std::nullopt;
-    std::int32_t* level = frontiers.level(delta);
+    if (frontiers.entries() + static_cast<std::size_t>(delta + 1) > maxFrontierEntries) return std::nullopt;
+    std::int32_t* level = frontiers.addLevel(delta);
     const std::int64_t kLow = std::max(-delta, -n);
     const std::int64_t kHigh = std::min(delta, m);
     for (std::int64_t k = kLow + ((kLow + delta) & 1); k <= kHigh; k += 2) {
@@ -107,7 +108,7 @@ namespace {
 class BitRows {
  public:
   BitRows(std::span<const std::int32_t> lhs, std::span<const std::int32_t> rhs)
-      : lhs_(lhs), words_((rhs.size() + 63) / 64), mask_(words_, 0) {
+      : words_((rhs.size() + 63) / 64), mask_(words_, 0) {
     std::unordered_map<std::int32_t, std::int32_t> dense;
     std::vector<std::int32_t> rhsDense(rhs.size());
     for (std::size_t j = 0; j < rhs.size(); ++j)
@@ -128,7 +129,7 @@ class BitRows {
 
   std::size_t words() const { return words_; }
 
-  // Turns row i (the table's row i-1 .. into row i) for LHS element i-1.
+  // Turns row i-1 of the table, in place, into row i (LHS element i-1).
   void advance(std::uint64_t* row, std::size_t i) {
     const std::int32_t key = lhsDense_[i - 1];
     if (key < 0) return;  // no match anywhere: the row stays as it is
@@ -155,7 +156,6 @@ class BitRows {
   }
 
  private:
-  std::span<const std::int32_t> lhs_;
   std::size_t words_;
   std::vector<std::uint64_t> mask_;
   std::vector<std::size_t> starts_;
