@@ -4,24 +4,47 @@
 
 #include <algorithm>
 #include <cstring>
-#include <map>
+#include <array>
 #include <unordered_map>
 
 #include "host/md5.h"
 
-std::uint32_t hashID(std::int32_t value) {
-  // The digest of an id never changes, and a call tree asks for the same few
-  // ids again and again: each thread remembers what it has computed.
-  thread_local std::unordered_map<std::int32_t, std::uint32_t> known;
-  if (const auto it = known.find(value); it != known.end()) return it->second;
+namespace {
+
+std::uint32_t md5WordSum(std::int32_t value) {
   thread_local tg::Md5Checksum checksum;
   checksum.addn(&value, sizeof value);
   const std::array<std::uint8_t, 16> digest = checksum.getValueAndReset();
   std::uint32_t words[4];
   std::memcpy(words, digest.data(), sizeof words);
-  const std::uint32_t sum = words[0] + words[1] + words[2] + words[3];
-  known.emplace(value, sum);
-  return sum;
+  return words[0] + words[1] + words[2] + words[3];
+}
+
+}  // namespace
+
+std::uint32_t hashID(std::int32_t value) {
+  // The digest of an id never changes, and a call tree asks for the same few
+  // ids again and again: each thread remembers what it has computed, in a
+  // table indexed by id for the dense ids of the name tables (and -1).
+  constexpr std::int32_t kDenseLimit = 1 << 20;
+  if (value < -1 || value >= kDenseLimit) {
+    thread_local std::unordered_map<std::int32_t, std::uint32_t> sparse;
+    const auto [it, fresh] = sparse.try_emplace(value, 0);
+    if (fresh) it->second = md5WordSum(value);
+    return it->second;
+  }
+  thread_local std::vector<std::uint32_t> dense;
+  thread_local std::vector<bool> known;
+  const auto index = static_cast<std::size_t>(value + 1);
+  if (index >= dense.size()) {
+    dense.resize(index + 1, 0);
+    known.resize(index + 1, false);
+  }
+  if (!known[index]) {
+    dense[index] = md5WordSum(value);
+    known[index] = true;
+  }
+  return dense[index];
 }
 
 bool isDirectChild(const std::string& parentNum, const std::string& childNum) {
@@ -41,6 +64,7 @@ CallTree linkCallTreeNodes(const ProcessedPointVector& processedPoints) {
     auto node = std::make_shared<callTreeNode>();
     node->ids.push_back(p.HTMLRowNumber - 1);
     node->phaseNum = p.HTMLPhaseNumString;
+    if (p.numChildren > 0) node->children.reserve(static_cast<std::size_t>(p.numChildren));
     if (p.isGapRow()) {
       node->signature = hashID(p.phaseID);
       node->isGap = true;
@@ -123,19 +147,55 @@ void mergeTrees(callTreeNode& a, const callTreeNode& b) {
   }
 }
 
+namespace {
+
+// The first node seen per signature in one list. Short lists (the usual
+// case) search a small array; long ones a hash table.
+class FirstBySignature {
+ public:
+  explicit FirstBySignature(std::size_t expected) {
+    if (expected > kShort) table_.reserve(expected);
+  }
+  callTreeNode* find(std::uint32_t signature) const {
+    if (table_.empty() && count_ <= kShort) {
+      for (std::size_t i = 0; i < count_; ++i)
+        if (short_[i].first == signature) return short_[i].second;
+      return nullptr;
+    }
+    const auto it = table_.find(signature);
+    return it == table_.end() ? nullptr : it->second;
+  }
+  void add(std::uint32_t signature, callTreeNode* node) {
+    if (table_.empty() && count_ < kShort) {
+      short_[count_++] = {signature, node};
+      return;
+    }
+    if (table_.empty())
+      for (std::size_t i = 0; i < count_; ++i) table_.emplace(short_[i].first, short_[i].second);
+    table_.emplace(signature, node);
+  }
+
+ private:
+  static constexpr std::size_t kShort = 8;
+  std::array<std::pair<std::uint32_t, callTreeNode*>, kShort> short_{};
+  std::size_t count_ = 0;
+  std::unordered_map<std::uint32_t, callTreeNode*> table_;
+};
+
+}  // namespace
+
 void mergeSiblings(CallTree& list) {
-  std::map<std::uint32_t, callTreeNode*> firstSeen;
+  FirstBySignature firstSeen(list.size());
   std::size_t kept = 0;
   for (std::size_t k = 0; k < list.size(); ++k) {
     CallTreeNodePtr element = list[k];
-    const auto it = firstSeen.find(element->signature);
+    callTreeNode* first = firstSeen.find(element->signature);
     mergeSiblings(element->children);
-    if (it != firstSeen.end()) {
-      callTreeNode& first = *it->second;
-      first.ids.insert(first.ids.end(), element->ids.begin(), element->ids.end());
-      mergeTrees(first, *element);
+    if (first) {
+      first->ids.insert(first->ids.end(), element->ids.begin(), element->ids.end());
+      mergeTrees(*first, *element);
     } else {
-      firstSeen.emplace(element->signature, element.get());
+      firstSeen.add(element->signature, element.get());
       list[kept++] = std::move(element);
     }
   }

@@ -5,6 +5,18 @@
 #include "collect/constants.h"
 #include "collect/tempo_gauge.h"
 
+namespace {
+
+template <class Stats>
+void assign(std::shared_ptr<Stats>& target, const Stats& value) {
+  if (target)
+    *target = value;
+  else
+    target = std::make_shared<Stats>(value);
+}
+
+}  // namespace
+
 RawPointPtr cloneRawPoint(const TGORRERYDataPoint& point) {
   if (point.pointType == 2) {
     if (const auto* lc = dynamic_cast<const TGLoomchartDataPoint*>(&point))
@@ -37,14 +49,13 @@ std::pair<RawPointPtr, RawPointPtr> GapPairMaker::make(const TGORRERYDataPoint& 
     stop = cloneRawPoint(top);
     const bool self = previous.isStart() && current.isStart();
     nameId = gapNameId(self ? top.phaseId : previous.phaseId, self);
-    start->basicMemStats = std::make_shared<tg::BasicMemStats>(*previous.basicMemStats);
-    if (previous.detailedMemStats)
-      start->detailedMemStats = std::make_shared<tg::DetailedMemStats>(*previous.detailedMemStats);
+    // The clones own their records: copy the samples into them.
+    assign(start->basicMemStats, *previous.basicMemStats);
+    if (previous.detailedMemStats) assign(start->detailedMemStats, *previous.detailedMemStats);
     start->wallTime = previous.wallTime;
     start->cpuTime = previous.cpuTime;
-    if (current.basicMemStats) stop->basicMemStats = std::make_shared<tg::BasicMemStats>(*current.basicMemStats);
-    if (current.detailedMemStats)
-      stop->detailedMemStats = std::make_shared<tg::DetailedMemStats>(*current.detailedMemStats);
+    if (current.basicMemStats) assign(stop->basicMemStats, *current.basicMemStats);
+    if (current.detailedMemStats) assign(stop->detailedMemStats, *current.detailedMemStats);
     stop->wallTime = current.wallTime;
     stop->cpuTime = current.cpuTime;
   } else {

@@ -183,11 +183,13 @@ void PairingWalk::handleStop(const RawPointPtr& point) {
     r.wcElapsedTime = point->wallTime - start.wallTime;
     r.cpuStartTime = start.cpuTime - result_.baseCPUTime;
     r.cpuElapsedTime = point->cpuTime - start.cpuTime;
+    // The records made at the start are the point's own: they are refilled in
+    // place rather than replaced.
     if (point->basicMemStats) {
-      r.basicMem = std::make_shared<tg::BasicProcessedMemStats>(point->basicMemStats.get());
+      *r.basicMem = tg::BasicProcessedMemStats(point->basicMemStats.get());
       r.basicMem->computeDeltas(start.basicMemStats.get());
       if (point->detailedMemStats) {
-        r.detailedMem = std::make_shared<tg::DetailedProcessedMemStats>(point->detailedMemStats.get());
+        *r.detailedMem = tg::DetailedProcessedMemStats(point->detailedMemStats.get());
         r.detailedMem->computeDeltas(start.detailedMemStats.get());
         if (r.numChildren > 0 && start.detailedMemStats) {
           r.detailedStartMem = std::make_shared<tg::DetailedMemStats>(*start.detailedMemStats);
