@@ -1,0 +1,58 @@
+## Cost of logging from Octave: a GaugeKit.Tracer.logORRERYData call that
+## stores a point, against an empty oct-file function called with the same
+## arguments, in one Octave run. Rounds of both alternate so that the load
+## of the machine falls on both alike; the figures are medians over rounds.
+##
+##   octave-cli bench/octave_log_cost.m [BUILD_DIR]
+args = argv ();
+build = "build";
+if (! isempty (args))
+  build = args{1};
+endif
+addpath (fullfile (build, "octave"));
+addpath (fullfile (build, "octave-bench"));
+
+calls = 2000;       # per round; a round of logging stores 2 * calls points
+rounds = 21;
+grouping = "BenchGrouping";
+phase = "bench phase";
+
+GaugeKit.Tracer.enable (grouping, true);
+GaugeKit.Tracer.clearRawData ();
+tg_empty_call (grouping, phase, true);
+GaugeKit.Tracer.logORRERYData (grouping, phase, true);
+GaugeKit.Tracer.logORRERYData (grouping, phase, false);
+stored_before = numel (GaugeKit.Tracer.getRawData ());
+
+empty_us = zeros (rounds, 1);
+log_us = zeros (rounds, 1);
+for r = 1:rounds
+  tic;
+  for i = 1:calls
+    tg_empty_call (grouping, phase, true);
+    tg_empty_call (grouping, phase, false);
+  endfor
+  empty_us(r) = toc / (2 * calls) * 1e6;
+  tic;
+  for i = 1:calls
+    GaugeKit.Tracer.logORRERYData (grouping, phase, true);
+    GaugeKit.Tracer.logORRERYData (grouping, phase, false);
+  endfor
+  log_us(r) = toc / (2 * calls) * 1e6;
+  ## Keeps the store from growing across rounds.
+  GaugeKit.Tracer.clearRawData ();
+endfor
+
+## The logging calls must have stored their points.
+GaugeKit.Tracer.logORRERYData (grouping, phase, true);
+GaugeKit.Tracer.logORRERYData (grouping, phase, false);
+stored = numel (GaugeKit.Tracer.getRawData ());
+if (stored != 2)
+  error ("octave_log_cost: logORRERYData stored %d points instead of 2", stored);
+endif
+GaugeKit.Tracer.clearRawData ();
+
+ratio = median (log_us) / median (empty_us);
+printf ("octave_log_cost: empty oct-file call          %6.2f us (median of %d rounds)\n", median (empty_us), rounds);
+printf ("octave_log_cost: GaugeKit.Tracer.logORRERYData %6.2f us (median of %d rounds)\n", median (log_us), rounds);
+printf ("octave_log_cost: ratio %.2f (goal <= 1.5)\n", ratio);

@@ -1,0 +1,61 @@
+// Dispatch of GaugeKit members through the class registry.
+#include "octave/member_call.h"
+
+#include <string>
+#include <vector>
+
+#include "octave/octave_values.h"
+#include "scripting/errors.h"
+#include "scripting/gaugekit_package.h"
+#include "scripting/objsys.h"
+
+namespace tg::octave_adapter {
+namespace {
+
+objsys::OBSMethodInfo* findMember(std::string_view className, std::string_view memberName) {
+  if (className.empty()) {
+    objsys::OBSPackage* package = tgGaugeKitPackage();
+    return package ? package->findFunction(memberName) : nullptr;
+  }
+  if (className != kTracerClassName) return nullptr;
+  objsys::OBSClass* cls = tgTracerClass();
+  return cls ? cls->findMethod(memberName) : nullptr;
+}
+
+}  // namespace
+
+octave_value_list callPackageMember(std::string_view className, std::string_view memberName,
+                                    const octave_value_list& args, int nargout) {
+  std::string qualified = std::string(kGaugeKitPackageName) + ".";
+  if (!className.empty()) qualified.append(className).append(".");
+  qualified.append(memberName);
+
+  objsys::OBSMethodInfo* member = findMember(className, memberName);
+  if (!member) error_with_id("Octave:undefined-function", "'%s' is not a member of GaugeKit", qualified.c_str());
+
+  // The error is raised after the C++ exception is gone, so that nothing of
+  // the failed call is still alive while Octave unwinds.
+  std::string errorId;
+  std::string errorText;
+  octave_value_list results;
+  try {
+    std::vector<oxArrayPtr> inputs;
+    inputs.reserve(static_cast<std::size_t>(args.length()));
+    for (octave_idx_type i = 0; i < args.length(); ++i) inputs.push_back(toHostArray(args(i)));
+    const std::vector<oxArrayPtr> outputs = objsys::invokeMethod(*member, qualified, std::move(inputs), nargout);
+    for (const oxArrayPtr& output : outputs) results.append(toOctaveValue(output.get()));
+    return results;
+  } catch (const hfnd::except::IMsgIDException& e) {
+    errorId = e.get_error_id();
+    errorText = e.messageText();
+  } catch (const objsys::CallError& e) {
+    errorId = e.id();
+    errorText = e.what();
+  } catch (const std::exception& e) {
+    errorId = "tempogauge:internal";
+    errorText = qualified + ": " + e.what();
+  }
+  error_with_id(errorId.c_str(), "%s", errorText.c_str());
+}
+
+}  // namespace tg::octave_adapter

@@ -1,0 +1,140 @@
+// Octave values to host arrays and back.
+#include "octave/octave_values.h"
+
+#include <octave/Cell.h>
+#include <octave/oct-map.h>
+
+#include <string>
+
+namespace tg::octave_adapter {
+namespace {
+
+std::size_t rowsOf(const dim_vector& dims) { return static_cast<std::size_t>(dims(0)); }
+
+std::size_t colsOf(const dim_vector& dims) {
+  std::size_t cols = 1;
+  for (int i = 1; i < dims.ndims(); ++i) cols *= static_cast<std::size_t>(dims(i));
+  return cols;
+}
+
+template <class Array, class Target>
+void copyElements(const Array& source, std::vector<Target>& target) {
+  const octave_idx_type n = source.numel();
+  for (octave_idx_type i = 0; i < n; ++i) target[static_cast<std::size_t>(i)] = static_cast<Target>(source(i));
+}
+
+oxArrayPtr fromCell(const Cell& cell) {
+  const dim_vector dims = cell.dims();
+  auto array = oxCreateCellMatrix(rowsOf(dims), colsOf(dims));
+  for (octave_idx_type i = 0; i < cell.numel(); ++i)
+    oxSetCell(array.get(), static_cast<std::size_t>(i), toHostArray(cell(i)));
+  return array;
+}
+
+oxArrayPtr fromMap(const octave_map& map) {
+  const dim_vector dims = map.dims();
+  const string_vector keys = map.fieldnames();
+  std::vector<std::string> names;
+  for (octave_idx_type k = 0; k < keys.numel(); ++k) names.push_back(keys(k));
+  auto array = oxCreateStructArray(rowsOf(dims), colsOf(dims), names);
+  for (octave_idx_type k = 0; k < keys.numel(); ++k) {
+    const Cell values = map.contents(keys(k));
+    for (octave_idx_type e = 0; e < values.numel(); ++e)
+      oxSetFieldByNumber(array.get(), static_cast<std::size_t>(e), static_cast<int>(k), toHostArray(values(e)));
+  }
+  return array;
+}
+
+}  // namespace
+
+oxArrayPtr toHostArray(const octave_value& value) {
+  const dim_vector dims = value.dims();
+  const std::size_t rows = rowsOf(dims);
+  const std::size_t cols = colsOf(dims);
+  if (value.is_string()) {
+    auto array = std::make_unique<oxArray>(oxCHAR_CLASS, rows, cols);
+    const charNDArray chars = value.char_array_value();
+    for (octave_idx_type i = 0; i < chars.numel(); ++i) array->chars()[static_cast<std::size_t>(i)] = chars(i);
+    return array;
+  }
+  if (value.islogical()) {
+    auto array = std::make_unique<oxArray>(oxLOGICAL_CLASS, rows, cols);
+    copyElements(value.bool_array_value(), array->logicals());
+    return array;
+  }
+  if (value.iscell()) return fromCell(value.cell_value());
+  if (value.isstruct()) return fromMap(value.map_value());
+  if (value.is_int32_type()) {
+    auto array = std::make_unique<oxArray>(oxINT32_CLASS, rows, cols);
+    const int32NDArray ints = value.int32_array_value();
+    for (octave_idx_type i = 0; i < ints.numel(); ++i) array->int32s()[static_cast<std::size_t>(i)] = ints(i).value();
+    return array;
+  }
+  if (value.is_uint32_type()) {
+    auto array = std::make_unique<oxArray>(oxUINT32_CLASS, rows, cols);
+    const uint32NDArray ints = value.uint32_array_value();
+    for (octave_idx_type i = 0; i < ints.numel(); ++i)
+      array->uint32s()[static_cast<std::size_t>(i)] = ints(i).value();
+    return array;
+  }
+  if (value.isnumeric()) {
+    auto array = std::make_unique<oxArray>(oxDOUBLE_CLASS, rows, cols);
+    copyElements(value.array_value(true), array->doubles());
+    return array;
+  }
+  return std::make_unique<oxArray>(oxUNKNOWN_CLASS, rows, cols);
+}
+
+octave_value toOctaveValue(const oxArray* array) {
+  if (!array) return octave_value(Matrix());
+  const dim_vector dims(static_cast<octave_idx_type>(array->rows()), static_cast<octave_idx_type>(array->cols()));
+  const auto n = static_cast<octave_idx_type>(array->numel());
+  switch (array->classID()) {
+    case oxCHAR_CLASS: {
+      charNDArray chars(dims);
+      for (octave_idx_type i = 0; i < n; ++i) chars(i) = array->chars()[static_cast<std::size_t>(i)];
+      return octave_value(chars, '"');
+    }
+    case oxLOGICAL_CLASS: {
+      boolNDArray bools(dims);
+      for (octave_idx_type i = 0; i < n; ++i) bools(i) = array->logicals()[static_cast<std::size_t>(i)] != 0;
+      return octave_value(bools);
+    }
+    case oxDOUBLE_CLASS: {
+      NDArray values(dims);
+      for (octave_idx_type i = 0; i < n; ++i) values(i) = array->doubles()[static_cast<std::size_t>(i)];
+      return octave_value(values);
+    }
+    case oxINT32_CLASS: {
+      int32NDArray values(dims);
+      for (octave_idx_type i = 0; i < n; ++i) values(i) = array->int32s()[static_cast<std::size_t>(i)];
+      return octave_value(values);
+    }
+    case oxUINT32_CLASS: {
+      uint32NDArray values(dims);
+      for (octave_idx_type i = 0; i < n; ++i) values(i) = array->uint32s()[static_cast<std::size_t>(i)];
+      return octave_value(values);
+    }
+    case oxCELL_CLASS: {
+      Cell cell(dims);
+      for (octave_idx_type i = 0; i < n; ++i) cell(i) = toOctaveValue(oxGetCell(array, static_cast<std::size_t>(i)));
+      return octave_value(cell);
+    }
+    case oxSTRUCT_CLASS:
+    case oxOBJECT_CLASS: {
+      octave_map map(dims);
+      const auto& names = array->fieldNames();
+      for (std::size_t f = 0; f < names.size(); ++f) {
+        Cell values(dims);
+        for (octave_idx_type e = 0; e < n; ++e)
+          values(e) = toOctaveValue(oxGetFieldByNumber(array, static_cast<std::size_t>(e), static_cast<int>(f)));
+        map.setfield(names[f], values);
+      }
+      return octave_value(map);
+    }
+    default:
+      return octave_value(Matrix(dims));
+  }
+}
+
+}  // namespace tg::octave_adapter

@@ -1,0 +1,21 @@
+// Conversion between Octave values and host arrays, used at the boundary of
+// the Octave adapter only.
+#pragma once
+
+#include <octave/oct.h>
+
+#include "host/ox_array.h"
+
+namespace tg::octave_adapter {
+
+// A host array of the value: char, logical, double, int32, uint32, cell and
+// struct keep their class; other numeric classes become double; anything
+// else (objects, function handles) becomes an array of unknown class, which
+// every check of the handlers refuses. Arrays of more than two dimensions
+// are flattened to rows by the product of the others.
+oxArrayPtr toHostArray(const octave_value& value);
+
+// The Octave value of a host array; null gives an empty matrix.
+octave_value toOctaveValue(const oxArray* array);
+
+}  // namespace tg::octave_adapter

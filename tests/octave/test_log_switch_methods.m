@@ -1,0 +1,179 @@
+## GaugeKit.Tracer from Octave: the class listing, the logging methods, the
+## switches, groupings and statistics types. Each method's ordinary use, then
+## its argument checks with the IDs they raise, in the order the methods
+## check them. Run with Octave's test(); the runner puts build/octave on the
+## path.
+
+%!function expect_error (id, text, fcn)
+%!  try
+%!    fcn ();
+%!  catch err
+%!    assert (err.identifier, id);
+%!    if (! isempty (text))
+%!      assert (! isempty (strfind (err.message, text)),
+%!              sprintf ("message '%s' lacks '%s'", err.message, text));
+%!    endif
+%!    return;
+%!  end_try_catch
+%!  error ("expected the error %s, but nothing was raised", id);
+%!endfunction
+
+%!function n = stored_points ()
+%!  n = numel (GaugeKit.Tracer.getRawData ());
+%!endfunction
+
+## The class and its listing.
+%!test
+%! m = methods ("GaugeKit.Tracer");
+%! assert (numel (m), 24);
+%! assert (! any (strcmp (m, "setUseDetailedExceptionDiagnostics")));
+%! assert (any (strcmp (m, "logORRERYData")));
+%! assert (any (strcmp (m, "generateCWStartupDifferenceReport")));
+
+## The hidden method is callable by name and returns its input, although
+## this host has no "cwsvInternal" command.
+%!test
+%! assert (GaugeKit.Tracer.setUseDetailedExceptionDiagnostics (true), true);
+%! assert (GaugeKit.Tracer.setUseDetailedExceptionDiagnostics (false), false);
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
+%!                  @() GaugeKit.Tracer.setUseDetailedExceptionDiagnostics (1));
+
+## Package-level functions.
+%!test
+%! GaugeKit.cwsvStringTableDoGarbageCollection ();
+%! GaugeKit.cwsvStringTableDisableGarbageCollection ();
+%! GaugeKit.cwsvStringTableEnableGarbageCollection ();
+
+## The class system checks the counts of fixed signatures before a handler runs.
+%!test expect_error ("objsys:NotEnoughInputs", "logORRERYData", @() GaugeKit.Tracer.logORRERYData ("g", "p"));
+%!test expect_error ("objsys:TooManyInputs", "getRawData", @() GaugeKit.Tracer.getRawData (1));
+%!test expect_error ("Octave:undefined-function", "noSuchMethod", @() GaugeKit.Tracer.noSuchMethod ());
+
+## logORRERYData, logCogwheelData, logLoomchartData, logCWStartupData.
+%!test
+%! GaugeKit.Tracer.clearRawData ();
+%! GaugeKit.Tracer.enable ("OctLog", true);
+%! GaugeKit.Tracer.logORRERYData ("OctLog", "outer", true);
+%! GaugeKit.Tracer.logCogwheelData ("OctLog", "model", "target", "block", true);
+%! GaugeKit.Tracer.logLoomchartData ("OctLog", "model", "target", "machine", "chart", "state", true);
+%! GaugeKit.Tracer.logLoomchartData ("OctLog", "model", "target", "machine", "chart", "state", false);
+%! GaugeKit.Tracer.logCogwheelData ("OctLog", "model", "target", "block", false);
+%! GaugeKit.Tracer.logORRERYData ("OctLog", "outer", false);
+%! raw = GaugeKit.Tracer.getRawData ();
+%! assert (size (raw), [1 6]);
+%! assert (cellfun (@numel, raw), [16 18 20 20 18 16]);
+%! assert (raw{1}{1}, "1");
+%! assert (raw{1}{3}, "outer");
+%! assert (raw{1}{4}, "OctLog");
+%! assert (raw{2}{5}, "model");
+%! assert (raw{3}{8}, "chart");
+%! assert (raw{1}{6}, true);
+%! assert (raw{6}{6}, false);
+%! GaugeKit.Tracer.enable ("OctLog", false);
+%! GaugeKit.Tracer.logORRERYData ("OctLog", "outer", true);
+%! assert (stored_points (), 6);
+%! GaugeKit.Tracer.clearRawData ();
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Grouping",
+%!                  @() GaugeKit.Tracer.logORRERYData (1, 2, 3));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Phase",
+%!                  @() GaugeKit.Tracer.logORRERYData ("g", 1, 3));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Phase",
+%!                  @() GaugeKit.Tracer.logORRERYData ("g", "", true));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Start of Phase",
+%!                  @() GaugeKit.Tracer.logORRERYData ("g", "p", 1));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Model Name",
+%!                  @() GaugeKit.Tracer.logCogwheelData ("g", 1, 2, "p", 3));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Target Name",
+%!                  @() GaugeKit.Tracer.logCogwheelData ("g", "m", {"t"}, "p", true));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Start of Phase",
+%!                  @() GaugeKit.Tracer.logCogwheelData ("g", "m", "t", "p", "yes"));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Machine Name",
+%!                  @() GaugeKit.Tracer.logLoomchartData ("g", "m", "t", 4, 5, "p", true));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Chart Name",
+%!                  @() GaugeKit.Tracer.logLoomchartData ("g", "m", "t", "mc", 5, "p", true));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Phase",
+%!                  @() GaugeKit.Tracer.logCWStartupData (["ab"; "cd"], true));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Start of Phase",
+%!                  @() GaugeKit.Tracer.logCWStartupData ("p", [true true]));
+
+## enable: the count first, then the grouping, then the value.
+%!test
+%! assert (GaugeKit.Tracer.enable ("OctEnable"), false);
+%! assert (GaugeKit.Tracer.enable ("OctEnable", true), true);
+%! assert (GaugeKit.Tracer.enable ("OctEnable"), true);
+%! assert (GaugeKit.Tracer.enable ("OctEnable", false), false);
+%! assert (GaugeKit.Tracer.enable ("OctEnable"), false);
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "2", @() GaugeKit.Tracer.enable (1, 2, 3));
+%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "1", @() GaugeKit.Tracer.enable ());
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Grouping", @() GaugeKit.Tracer.enable (1, 2));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
+%!                  @() GaugeKit.Tracer.enable ("OctEnable", "on"));
+
+## The three switches return the value they were given.
+%!test
+%! assert (GaugeKit.Tracer.enableGlobalLogging (true), true);
+%! GaugeKit.Tracer.clearRawData ();
+%! GaugeKit.Tracer.logORRERYData ("OctNeverEnabled", "p", true);
+%! assert (stored_points (), 1);
+%! assert (GaugeKit.Tracer.enableGlobalLogging (false), false);
+%! GaugeKit.Tracer.logORRERYData ("OctNeverEnabled", "p", false);
+%! assert (stored_points (), 1);
+%! GaugeKit.Tracer.clearRawData ();
+%!test
+%! assert (GaugeKit.Tracer.enableCWStartupLogging (true), true);
+%! assert (GaugeKit.Tracer.enable ("Cogwheel Startup"), true);
+%! GaugeKit.Tracer.logCWStartupData ("startup phase", true);
+%! GaugeKit.Tracer.logCWStartupData ("startup phase", false);
+%! raw = GaugeKit.Tracer.getRawData ();
+%! assert (raw{1}{4}, "Cogwheel Startup");
+%! assert (GaugeKit.Tracer.enableCWStartupLogging (false), false);
+%! GaugeKit.Tracer.clearRawData ();
+%!test
+%! assert (GaugeKit.Tracer.enableDetailedMemStats (true), true);
+%! GaugeKit.Tracer.enable ("OctDetail", true);
+%! GaugeKit.Tracer.logORRERYData ("OctDetail", "p", true);
+%! raw = GaugeKit.Tracer.getRawData ();
+%! assert (raw{1}{10} > 0);   # resident memory of the detailed sample
+%! assert (GaugeKit.Tracer.enableDetailedMemStats (false), false);
+%! GaugeKit.Tracer.clearRawData ();
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
+%!                  @() GaugeKit.Tracer.enableGlobalLogging ("true"));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
+%!                  @() GaugeKit.Tracer.enableCWStartupLogging (1));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
+%!                  @() GaugeKit.Tracer.enableDetailedMemStats ([]));
+
+## addGrouping, removeGrouping.
+%!test
+%! GaugeKit.Tracer.addGrouping ("OctParent", {"OctChildA", "OctChildB"});
+%! GaugeKit.Tracer.enable ("OctParent", true);
+%! assert (GaugeKit.Tracer.enable ("OctChildA"), true);
+%! GaugeKit.Tracer.removeGrouping ("OctParent");
+%! GaugeKit.Tracer.enable ("OctChildA", false);
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "", @() GaugeKit.Tracer.addGrouping (1, {}));
+%!test expect_error ("tempogauge:TempoGauge:UnexpectedValue", "OctBad",
+%!                  @() GaugeKit.Tracer.addGrouping ("OctBad", "child"));
+%!test expect_error ("tempogauge:TempoGauge:AddGroupingExpectedString", "",
+%!                  @() GaugeKit.Tracer.addGrouping ("OctBad", {"a", 2}));
+%!test
+%! GaugeKit.Tracer.addGrouping ("OctTwice", {"OctTwiceChild"});
+%! expect_error ("tempogauge:TempoGauge:AddGroupingError", "OctTwice",
+%!               @() GaugeKit.Tracer.addGrouping ("OctTwice", {"OctTwiceChild"}));
+%! GaugeKit.Tracer.removeGrouping ("OctTwice");
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "grouping",
+%!                  @() GaugeKit.Tracer.removeGrouping (7));
+%!test expect_error ("tempogauge:TempoGauge:RemoveGroupingError", "OctNoSuchGrouping",
+%!                  @() GaugeKit.Tracer.removeGrouping ("OctNoSuchGrouping"));
+
+## setStatisticsTypeForModel: the model's points carry the type's name.
+%!test
+%! GaugeKit.Tracer.setStatisticsTypeForModel ("OctModel", "OctStats");
+%! GaugeKit.Tracer.enable ("OctStatsGrouping", true);
+%! GaugeKit.Tracer.logCogwheelData ("OctStatsGrouping", "OctModel", "t", "p", true);
+%! raw = GaugeKit.Tracer.getRawData ();
+%! assert (raw{end}{7}, "OctStats");
+%! GaugeKit.Tracer.clearRawData ();
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.setStatisticsTypeForModel ("", "type"));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.setStatisticsTypeForModel ("model", 5));
