@@ -22,7 +22,7 @@ test: build
 
 bench: build
 	$(BUILD)/tempogauge_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
-	@if [ -f $(BUILD)/octave/GaugeKit.oct ]; then octave-cli --no-gui -q bench/octave_log_cost.m $(BUILD); fi
+	@if [ -f $(BUILD)/octave/GaugeKit.oct ]; then octave-cli -q bench/octave_log_cost.m $(BUILD); fi
 
 demo: build
 	$(BUILD)/tempogauge demo --out tempogauge-demo
