@@ -84,7 +84,7 @@ TEST(VariantText, RejectsMalformedDirectives) {
 TEST(VariantText, EveryAssetSelectsInEveryVariant) {
   for (std::size_t i = 0; i < tg::assets::kAllCount; ++i) {
     const auto& [name, text] = tg::assets::kAll[i];
-    for (const std::string_view metric : {"time", "basicmemory", "detailedmemory"}) {
+    for (const std::string_view metric : {"time", "basicmemory", "detailedmemory", "cycles"}) {
       for (const int bits : {0, 1, 2, 3, 4, 5, 6, 7}) {
         const auto variant = variantOf(metric, bits & 1, bits & 2, bits & 4);
         std::string out;

@@ -5,3 +5,4 @@
 #include "collect/paths.h"
 #include "tempogauge/collect.h"
 #include "tempogauge/analysis.h"
+#include "tempogauge/report.h"

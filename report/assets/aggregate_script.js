@@ -239,6 +239,10 @@ function createAggregateSummaryHeader(tableWidth, cellWidths) {
 //#endif
 //#endif
 //#endif
+//#if !time && !basicmemory && !detailedmemory
+    // A metric word without columns of its own: phase and count only.
+    str += '</tr>';
+//#endif
     str += '<tr id="aggregateSummaryTableLastHeaderRow">' + lastRow + '</tr>';
     return str;
 }
@@ -282,6 +286,11 @@ function generateAggregateSummaryTable(begin, end, onScrollCall) {
     cellWidths['Phase'] = 0.55 * tableWidth;
     cellWidths['Count'] = 0.05 * tableWidth;
     cellWidths['Memory'] = 0.50 * tableWidth;
+//#endif
+//#if !time && !basicmemory && !detailedmemory
+    var tableWidth = 0.60 * tableDiv.clientWidth;
+    cellWidths['Phase'] = 0.50 * tableWidth;
+    cellWidths['Count'] = 0.20 * tableWidth;
 //#endif
     if (onScrollCall) {
         reCreateAggSummaryTableRows(begin, end, cellWidths);

@@ -93,6 +93,15 @@ int writeReports(const fs::path& dir) {
     note(fullDiff, writeDifferenceReport(store, (dir / fullDiff).string(), "Workload", "Before", "After", &lhs2,
                                          &rhs2, &lhsRecord, &rhsRecord, metric));
   }
+  // A metric word without columns of its own still gives working pages.
+  auto many = manyPhases(50, false);
+  note("aggregate_unknown_metric.html", writeAggregateReport(store, (dir / "aggregate_unknown_metric.html").string(),
+                                                             "Workload", "Workload", "cycles", false, &many, &record));
+  auto lhs = comparedRun(false, false);
+  auto rhs = comparedRun(true, false);
+  note("aggdiff_unknown_metric.html",
+       writeAggregateDifferenceReport(store, (dir / "aggdiff_unknown_metric.html").string(), "Workload", "Before",
+                                      "After", &lhs, &rhs, &record, &record, "cycles"));
   return ok ? 0 : 1;
 }
 
@@ -101,7 +110,7 @@ int writeScriptVariants(const fs::path& dir) {
   for (std::size_t i = 0; i < tg::assets::kAllCount; ++i) {
     const auto& [name, text] = tg::assets::kAll[i];
     if (!name.ends_with(".js")) continue;
-    for (const std::string_view metric : {"time", "basicmemory", "detailedmemory"}) {
+    for (const std::string_view metric : {"time", "basicmemory", "detailedmemory", "cycles"}) {
       for (int bits = 0; bits < 8; ++bits) {
         ReportVariant variant;
         variant.metric = metric;
