@@ -75,7 +75,7 @@ void appendMetricValues(std::string& out, const TGORRERYProcessedDataPoint& p, s
 
 std::string writeProcData(const ProcessedPointVector& points, std::string_view metric) {
   std::string out;
-  out.reserve(256 + points.size() * (metric == tg::kMetricDetailedMemory ? 160 : 90));
+  out.reserve(256 + points.size() * (metric == tg::kMetricDetailedMemory ? 240 : 128));
   out += "        var dataStruct = makeStruct(\"isParent HTMLPhaseNum GapRow Phase Grouping Model Target Machine Chart ";
   out += procColumns(metric);
   out += "\");\n";

@@ -36,8 +36,13 @@ inline constexpr std::string_view kSharedVariables =
     "       var targetStr;\n"
     "       var groupingStr;\n";
 
-// A real value: five significant digits.
-inline void appendReal(std::string& out, double value) { out += tgFormatDouble(value, 5); }
+// A real value: five significant digits, the text of tgFormatDouble(value, 5)
+// (the general format of to_chars), written straight into the output.
+inline void appendReal(std::string& out, double value) {
+  char buffer[32];
+  const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 5);
+  out.append(buffer, result.ptr);
+}
 
 inline void appendInt(std::string& out, std::int64_t value) {
   char buffer[24];

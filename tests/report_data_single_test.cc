@@ -2,7 +2,10 @@
 // and the phase cell styles, compared with their literal text.
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "analysis/report_data.h"
+#include "analysis/report_data_text.h"
 #include "compare_test_points.h"
 
 namespace {
@@ -181,6 +184,20 @@ TEST(ReportDataStyles, IndentPerDepth) {
             "            table.dataTable td.phaseNameCell1 {\n"
             "                background-color:#E7EBF5;\n"
             "                padding-left:35px;\n            }\n\n");
+}
+
+}  // namespace
+
+namespace {
+
+TEST(ReportDataNumbers, RealsAreWrittenAsTgFormatDoubleWritesThem) {
+  for (const double v : {0.0, -0.0, 1234.5678, 0.000012345678, -3.25, 1e21, 123456.0, 99999.5, 1.0 / 3,
+                         std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(),
+                         std::numeric_limits<double>::denorm_min()}) {
+    std::string text;
+    tg::report_data::appendReal(text, v);
+    EXPECT_EQ(text, tgFormatDouble(v, 5)) << v;
+  }
 }
 
 }  // namespace
