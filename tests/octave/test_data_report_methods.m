@@ -1,0 +1,284 @@
+## GaugeKit.Tracer from Octave: the data methods, saved trace files and the
+## report methods. Each method's ordinary use, then its argument checks with
+## the IDs they raise, in the order the methods check them. Files are written
+## to a fresh temporary folder.
+
+%!function expect_error (id, text, fcn)
+%!  try
+%!    fcn ();
+%!  catch err
+%!    assert (err.identifier, id);
+%!    if (! isempty (text))
+%!      assert (! isempty (strfind (err.message, text)),
+%!              sprintf ("message '%s' lacks '%s'", err.message, text));
+%!    endif
+%!    return;
+%!  end_try_catch
+%!  error ("expected the error %s, but nothing was raised", id);
+%!endfunction
+
+## Logs a small nested run into `grouping`: outer > inner, twice.
+%!function log_run (grouping)
+%!  GaugeKit.Tracer.enable (grouping, true);
+%!  for k = 1:2
+%!    GaugeKit.Tracer.logORRERYData (grouping, "outer", true);
+%!    GaugeKit.Tracer.logORRERYData (grouping, "inner", true);
+%!    x = sum (rand (200) (:));
+%!    GaugeKit.Tracer.logORRERYData (grouping, "inner", false);
+%!    GaugeKit.Tracer.logORRERYData (grouping, "outer", false);
+%!  endfor
+%!endfunction
+
+%!function dir = scratch ()
+%!  dir = tempname ();
+%!  mkdir (dir);
+%!endfunction
+
+%!function ok = is_report (file)
+%!  text = fileread (file);
+%!  ok = numel (text) > 1000 && ! isempty (strfind (text, "<html"));
+%!endfunction
+
+## clearRawData: parity before the bound; only the named data goes.
+%!test
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctClearA");
+%! log_run ("OctClearB");
+%! GaugeKit.Tracer.clearRawData ("Grouping", "OctClearA");
+%! raw = GaugeKit.Tracer.getRawData ();
+%! assert (numel (raw), 8);
+%! assert (all (cellfun (@(r) strcmp (r{4}, "OctClearB"), raw)));
+%! GaugeKit.Tracer.clearRawData ();
+%! assert (numel (GaugeKit.Tracer.getRawData ()), 0);
+%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
+%!                  @() GaugeKit.Tracer.clearRawData (1, 2, 3, 4, 5, 6, 7));
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "6",
+%!                  @() GaugeKit.Tracer.clearRawData ("grouping", "a", "model", "b", "target", "c", "model", "d"));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "", @() GaugeKit.Tracer.clearRawData ("target", "t"));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "", @() GaugeKit.Tracer.clearRawData ("phase", "p"));
+
+## getRawData and getProcessedData.
+%!test
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctData");
+%! raw = GaugeKit.Tracer.getRawData ();
+%! assert (size (raw), [1 8]);
+%! assert (class (raw{1}{2}), "int32");
+%! assert (raw{1}{7} <= raw{2}{7});          # wall times in order
+%! p = GaugeKit.Tracer.getProcessedData ();
+%! assert (iscell (p));
+%! names = cellfun (@(s) s.phaseIDStr, p, "UniformOutput", false);
+%! assert (sum (strcmp (names, "outer")), 2);
+%! assert (sum (strcmp (names, "inner")), 2);
+%! assert (all (cellfun (@(s) s.wcElapsedTime >= 0, p)));
+%! q = GaugeKit.Tracer.getProcessedData ("grouping", {"OctData"});
+%! assert (numel (q), numel (p));
+%! ## Each pair replaces the one before: a model never logged gives nothing.
+%! r = GaugeKit.Tracer.getProcessedData ("grouping", "OctData", "model", "OctNoModel");
+%! assert (numel (r), 0);
+%! GaugeKit.Tracer.clearRawData ();
+%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
+%!                  @() GaugeKit.Tracer.getProcessedData ("grouping"));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'grouping' or 'model'",
+%!                  @() GaugeKit.Tracer.getProcessedData (3, "x"));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "grouping",
+%!                  @() GaugeKit.Tracer.getProcessedData ("Grouping", 3));
+%!test expect_error ("tempogauge:TempoGauge:AddGroupingExpectedString", "",
+%!                  @() GaugeKit.Tracer.getProcessedData ("model", {"m", 1}));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.getProcessedData ("target", "t"));
+
+## saveToFile, loadTracerData: a round trip keeps the order of the points,
+## and Octave reads the file as a data file with the three variables.
+%!test
+%! dir = scratch ();
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctSave");
+%! before = GaugeKit.Tracer.getRawData ();
+%! file = fullfile (dir, "run.orf");
+%! GaugeKit.Tracer.saveToFile (file);
+%! s = load (file);
+%! assert (sort (fieldnames (s)), sort ({"TempoGaugingRawDataVector"; "TempoGaugingSystemInfo"; "ORRERYRoot"}));
+%! assert (numel (s.TempoGaugingRawDataVector), 8);
+%! assert (s.ORRERYRoot, OCTAVE_HOME ());
+%! assert (s.TempoGaugingSystemInfo.numCoresStr, num2str (nproc ()));
+%! GaugeKit.Tracer.clearRawData ();
+%! GaugeKit.Tracer.loadTracerData (file);
+%! after = GaugeKit.Tracer.getRawData ();
+%! assert (cellfun (@(r) r{3}, after, "UniformOutput", false), cellfun (@(r) r{3}, before, "UniformOutput", false));
+%! assert (cellfun (@(r) r{7}, after), cellfun (@(r) r{7}, before));
+%! ## A file that Octave itself writes with the same variables loads too.
+%! TempoGaugingRawDataVector = before(1:4);
+%! TempoGaugingSystemInfo = s.TempoGaugingSystemInfo;
+%! ORRERYRoot = s.ORRERYRoot;
+%! mine = fullfile (dir, "octave-made.orf");
+%! save ("-v7", mine, "TempoGaugingRawDataVector", "TempoGaugingSystemInfo", "ORRERYRoot");
+%! GaugeKit.Tracer.loadTracerData (mine);
+%! assert (numel (GaugeKit.Tracer.getRawData ()), 4);
+%! GaugeKit.Tracer.clearRawData ();
+%! confirm_recursive_rmdir (false, "local");
+%! rmdir (dir, "s");
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Filename",
+%!                  @() GaugeKit.Tracer.saveToFile (42));
+%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "no-such-folder",
+%!                  @() GaugeKit.Tracer.saveToFile (fullfile (tempdir (), "no-such-folder", "x.orf")));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Filename",
+%!                  @() GaugeKit.Tracer.loadTracerData ({"a.orf"}));
+%!test expect_error ("tempogauge:TempoGauge:MissingOrfExt", "", @() GaugeKit.Tracer.loadTracerData ("trace.mat"));
+%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "absent.orf.bak",
+%!                  @() GaugeKit.Tracer.loadTracerData (fullfile (tempdir (), "absent.orf.bak")));
+
+## saveCWStartupData: only the start-up grouping, by default into
+## CWStartupData.orf in the current folder.
+%!test
+%! dir = scratch ();
+%! here = pwd ();
+%! unwind_protect
+%!   cd (dir);
+%!   GaugeKit.Tracer.clearRawData ();
+%!   GaugeKit.Tracer.enableCWStartupLogging (true);
+%!   GaugeKit.Tracer.logCWStartupData ("load libraries", true);
+%!   GaugeKit.Tracer.logCWStartupData ("load libraries", false);
+%!   log_run ("OctNotStartup");
+%!   GaugeKit.Tracer.saveCWStartupData ();
+%!   s = load ("CWStartupData.orf");
+%!   assert (numel (s.TempoGaugingRawDataVector), 2);
+%!   GaugeKit.Tracer.saveCWStartupData ("named.orf");
+%!   assert (exist (fullfile (dir, "named.orf"), "file"), 2);
+%!   ## The start-up reports read the live store by default.
+%!   GaugeKit.Tracer.generateCWStartupReport ();
+%!   assert (is_report (fullfile (dir, "CWStartup.html")));
+%!   GaugeKit.Tracer.generateCWStartupDifferenceReport ("lhsfile", "named.orf");
+%!   assert (is_report (fullfile (dir, "CWStartupDiff.html")));
+%!   GaugeKit.Tracer.generateCWStartupReport ("HTMLFile", "startup-mem.html", "metric", "BasicMemory");
+%!   assert (is_report (fullfile (dir, "startup-mem.html")));
+%! unwind_protect_cleanup
+%!   GaugeKit.Tracer.enableCWStartupLogging (false);
+%!   GaugeKit.Tracer.clearRawData ();
+%!   cd (here);
+%!   confirm_recursive_rmdir (false, "local");
+%!   rmdir (dir, "s");
+%! end_unwind_protect
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "1",
+%!                  @() GaugeKit.Tracer.saveCWStartupData ("a.orf", "b.orf"));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Filename",
+%!                  @() GaugeKit.Tracer.saveCWStartupData (1));
+
+## generateHTMLReport and generateAggregateReport, from the store and from a file.
+%!test
+%! dir = scratch ();
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctReport");
+%! html = fullfile (dir, "detail.html");
+%! GaugeKit.Tracer.generateHTMLReport ("htmlfile", html, "grouping", "OctReport");
+%! assert (is_report (html));
+%! file = fullfile (dir, "run.orf");
+%! GaugeKit.Tracer.saveToFile (file);
+%! GaugeKit.Tracer.clearRawData ();
+%! GaugeKit.Tracer.generateAggregateReport ("HTMLFILE", fullfile (dir, "agg.html"), "orffile", file,
+%!                                          "Metric", "Time", "showmeta", false);
+%! assert (is_report (fullfile (dir, "agg.html")));
+%! confirm_recursive_rmdir (false, "local");
+%! rmdir (dir, "s");
+%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "2",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile"));
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "8",
+%!                  @() GaugeKit.Tracer.generateHTMLReport (1, 2, 3, 4, 5, 6, 7, 8, 9, 10));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", "a.html", "grouping"));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.generateHTMLReport (1, "a.html"));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("file", "a.html"));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "htmlfile",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", 1));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "showmeta",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", "a.html", "showmeta", "yes"));
+%!test expect_error ("tempogauge:TempoGauge:InvalidMetric", "detailedmemory",
+%!                  @() GaugeKit.Tracer.generateAggregateReport ("htmlfile", "a.html", "metric", "space"));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'htmlfile' must be set",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("grouping", "GLOBAL"));
+%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "absent.orf",
+%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", "a.html", "orffile", "absent.orf"));
+%!test
+%! GaugeKit.Tracer.clearRawData ();
+%! expect_error ("tempogauge:TempoGauge:NoRawTracerData", "",
+%!               @() GaugeKit.Tracer.generateAggregateReport ("htmlfile", "a.html"));
+%!test
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctUnwritable");
+%! expect_error ("tempogauge:TempoGauge:WriteFileFailed", "no-such-folder",
+%!               @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", fullfile (tempdir (), "no-such-folder", "a.html")));
+%! GaugeKit.Tracer.clearRawData ();
+
+## generateDifferenceReport and generateAggregateDifferenceReport: a saved
+## run against the live one.
+%!test
+%! dir = scratch ();
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctDiff");
+%! file = fullfile (dir, "lhs.orf");
+%! GaugeKit.Tracer.saveToFile (file);
+%! GaugeKit.Tracer.generateDifferenceReport ("htmlfile", fullfile (dir, "diff.html"), "lhsfile", file,
+%!                                           "lhslabel", "before", "rhslabel", "after", "metric", "basicmemory");
+%! assert (is_report (fullfile (dir, "diff.html")));
+%! GaugeKit.Tracer.generateAggregateDifferenceReport ("htmlfile", fullfile (dir, "adiff.html"), "rhsfile", file);
+%! assert (is_report (fullfile (dir, "adiff.html")));
+%! GaugeKit.Tracer.clearRawData ();
+%! expect_error ("tempogauge:TempoGauge:NoRawTracerDataLoaded", "current session",
+%!               @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", fullfile (dir, "d.html"), "lhsfile", file));
+%! confirm_recursive_rmdir (false, "local");
+%! rmdir (dir, "s");
+%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "4",
+%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html"));
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "8",
+%!                  @() GaugeKit.Tracer.generateDifferenceReport (1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
+%!                  @() GaugeKit.Tracer.generateAggregateDifferenceReport ("htmlfile", "a", "lhsfile", "b", "c"));
+%!test expect_error ("tempogauge:TempoGauge:UnexpectedValue", "lhsfile",
+%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "lhsfile", 3));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "metric",
+%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "metric", 3));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'htmlfile' and one of 'lhsfile' or 'rhsfile' to be set.",
+%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "lhslabel", "x"));
+%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "absent.orf",
+%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "rhsfile", "absent.orf"));
+
+## The start-up reports' own checks.
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "4",
+%!                  @() GaugeKit.Tracer.generateCWStartupReport ("htmlfile", "a", "orffile", "b", "metric", "time"));
+%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "nosuchoption",
+%!                  @() GaugeKit.Tracer.generateCWStartupReport ("NoSuchOption", 1));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.generateCWStartupReport ("grouping", "G"));
+%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "2",
+%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport ());
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "10",
+%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport (1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport ("metric", "time"));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "at least one of 'lhsfile' or 'rhsfile' must be set",
+%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport ("htmlfile", "a.html"));
+
+## diagnosticReport: case-sensitive names, the class tested before the name.
+%!test
+%! dir = scratch ();
+%! GaugeKit.Tracer.clearRawData ();
+%! log_run ("OctDiag");
+%! GaugeKit.Tracer.logORRERYData ("OctDiag", "left open", true);
+%! GaugeKit.Tracer.diagnosticReport ("htmlfile", fullfile (dir, "diag.html"), "grouping", "OctDiag");
+%! assert (! isempty (strfind (fileread (fullfile (dir, "diag.html")), "left open")));
+%! GaugeKit.Tracer.clearRawData ();
+%! ## An empty store still gets its (empty) report.
+%! GaugeKit.Tracer.diagnosticReport ("htmlfile", fullfile (dir, "empty.html"));
+%! assert (exist (fullfile (dir, "empty.html"), "file"), 2);
+%! confirm_recursive_rmdir (false, "local");
+%! rmdir (dir, "s");
+%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "6",
+%!                  @() GaugeKit.Tracer.diagnosticReport (1, 2, 3, 4, 5, 6, 7, 8));
+%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
+%!                  @() GaugeKit.Tracer.diagnosticReport ("HTMLFILE", "a.html"));
+%!test expect_error ("tempogauge:TempoGauge:UnexpectedValue", "whatever",
+%!                  @() GaugeKit.Tracer.diagnosticReport ("whatever", 1));
+%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'htmlfile' must be set.",
+%!                  @() GaugeKit.Tracer.diagnosticReport ("grouping", "GLOBAL"));
