@@ -185,21 +185,46 @@ class FirstBySignature {
 }  // namespace
 
 void mergeSiblings(CallTree& list) {
-  FirstBySignature firstSeen(list.size());
-  std::size_t kept = 0;
-  for (std::size_t k = 0; k < list.size(); ++k) {
-    CallTreeNodePtr element = list[k];
-    callTreeNode* first = firstSeen.find(element->signature);
-    mergeSiblings(element->children);
-    if (first) {
-      first->ids.insert(first->ids.end(), element->ids.begin(), element->ids.end());
-      mergeTrees(*first, *element);
-    } else {
-      firstSeen.add(element->signature, element.get());
-      list[kept++] = std::move(element);
+  // Depth-first with an explicit stack, so that deep nesting can't exhaust the
+  // thread's stack. Each element's children are merged before the element is
+  // merged into (or entered as) the first of its signature.
+  struct Level {
+    explicit Level(CallTree* l) : list(l), firstSeen(l->size()) {}
+    CallTree* list;
+    FirstBySignature firstSeen;
+    std::size_t next = 0;   // element being handled
+    std::size_t kept = 0;   // elements kept so far, compacted to the front
+    callTreeNode* first = nullptr;  // the element's earlier twin, looked up before its children
+    bool childrenDone = false;
+  };
+  std::vector<Level> levels;
+  levels.emplace_back(&list);
+  while (!levels.empty()) {
+    Level& level = levels.back();
+    if (level.next == level.list->size()) {
+      level.list->resize(level.kept);
+      levels.pop_back();
+      continue;
     }
+    CallTreeNodePtr& slot = (*level.list)[level.next];
+    if (!level.childrenDone) {
+      level.first = level.firstSeen.find(slot->signature);
+      level.childrenDone = true;
+      CallTree* children = &slot->children;
+      levels.emplace_back(children);  // invalidates `level`
+      continue;
+    }
+    CallTreeNodePtr element = slot;
+    if (level.first) {
+      level.first->ids.insert(level.first->ids.end(), element->ids.begin(), element->ids.end());
+      mergeTrees(*level.first, *element);
+    } else {
+      level.firstSeen.add(element->signature, element.get());
+      (*level.list)[level.kept++] = std::move(element);
+    }
+    level.childrenDone = false;
+    ++level.next;
   }
-  list.resize(kept);
 }
 
 CallTree buildCallTree(const ProcessedPointVector& processedPoints) {

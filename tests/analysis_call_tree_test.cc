@@ -1,7 +1,12 @@
 // The merged call tree: signatures, linking by number, merging of like loops.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <random>
+
+#include "analysis_random_trace.h"
 #include "analysis_trace_builder.h"
+#include "analysis/pairing_gap.h"
 #include "host/md5.h"
 #include "tempogauge/tempogauge.h"
 
@@ -153,6 +158,62 @@ TEST(CallTree, SiblingsMergeOnlyWithTheFirstOfTheirSignature) {
   EXPECT_EQ(list[0]->ids, (std::vector<std::int32_t>{0, 3, 5}));
   EXPECT_EQ(list[0]->children[0]->ids, (std::vector<std::int32_t>{1, 4}));
   EXPECT_EQ(list[1]->ids, (std::vector<std::int32_t>{2}));
+}
+
+}  // namespace
+
+namespace {
+
+// Sibling merging as plainly as it can be said: recursion, an ordered map,
+// removal from the middle of the list.
+void plainMergeSiblings(CallTree& list) {
+  std::map<std::uint32_t, CallTreeNodePtr> firstSeen;
+  for (auto it = list.begin(); it != list.end();) {
+    const CallTreeNodePtr e = *it;
+    const auto seen = firstSeen.find(e->signature);
+    plainMergeSiblings(e->children);
+    if (seen != firstSeen.end()) {
+      seen->second->ids.insert(seen->second->ids.end(), e->ids.begin(), e->ids.end());
+      mergeTrees(*seen->second, *e);
+      it = list.erase(it);
+    } else {
+      firstSeen.emplace(e->signature, e);
+      ++it;
+    }
+  }
+}
+
+void expectSameTree(const CallTree& a, const CallTree& b) {
+  ASSERT_EQ(a.size(), b.size());
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    EXPECT_EQ(a[i]->ids, b[i]->ids);
+    EXPECT_EQ(a[i]->phaseNum, b[i]->phaseNum);
+    EXPECT_EQ(a[i]->signature, b[i]->signature);
+    EXPECT_EQ(a[i]->isGap, b[i]->isGap);
+    expectSameTree(a[i]->children, b[i]->children);
+  }
+}
+
+TEST(CallTree, MergingAgreesWithThePlainRecursionOnRandomTraces) {
+  std::mt19937 rng(99);
+  int merged = 0;
+  for (int n = 0; n < 600; ++n) {
+    RawPointVector trace = tgtest::randomTrace(rng, 20 + n % 150);
+    // Repeat the trace's shape to give the merge like siblings to work on.
+    const RawPointVector again = trace;
+    for (const auto& p : again) trace.push_back(cloneRawPoint(*p));
+    const auto r = analyzeRawPoints(trace, {"GLOBAL"}, false);
+    if (r.hasErrors) continue;
+    CallTree expected = linkCallTreeNodes(r.processedPoints);
+    computeRootSignatures(expected);
+    plainMergeSiblings(expected);
+    const CallTree actual = buildCallTree(r.processedPoints);
+    SCOPED_TRACE("trace " + std::to_string(n));
+    expectSameTree(actual, expected);
+    merged += actual.size() < linkCallTreeNodes(r.processedPoints).size();
+    if (HasFailure()) break;
+  }
+  EXPECT_GT(merged, 20);
 }
 
 }  // namespace
