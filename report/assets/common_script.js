@@ -350,6 +350,8 @@ function reGenerateTable(divElem, tableType) {
         end = dataLength;
         begin = end - numPhasesToRenderInTable[tableType];
     }
+    // A view shorter than the table starts at its first entry.
+    if (begin < 0) begin = 0;
     lastStartIndex[tableType] = begin;
     switch (tableType) {
         case 'Aggregate':

@@ -20,6 +20,13 @@ namespace {
 
 namespace fs = std::filesystem;
 
+const char* const kHostileNames[] = {
+    "<img src=x onerror=\"window.injected = 1\">",
+    "it's \"quoted\" back",
+    "100% done %27",
+    "</script><script>window.injected = 2;</script>",
+};
+
 // A run with many distinct phases: "Phase 000" ... with growing times, and an
 // outer phase that holds them all.
 RawPointVector manyPhases(int count, bool detailed) {
@@ -102,6 +109,24 @@ int writeReports(const fs::path& dir) {
   note("aggdiff_unknown_metric.html",
        writeAggregateDifferenceReport(store, (dir / "aggdiff_unknown_metric.html").string(), "Workload", "Before",
                                       "After", &lhs, &rhs, &record, &record, "cycles"));
+  // Names made of markup, quotes, backslashes and percent signs are shown as
+  // text and never run.
+  const auto hostileRun = [] {
+    tgreport::RunBuilder run(false);
+    run.open("Hostile names");
+    for (const char* name : kHostileNames) run.phase(name, 0.25);
+    run.close("Hostile names", 0.0);
+    return run.take();
+  };
+  auto hostile = hostileRun();
+  note("aggregate_hostile_names.html",
+       writeAggregateReport(store, (dir / "aggregate_hostile_names.html").string(), "Workload", "Workload", "time",
+                            false, &hostile, &record));
+  auto hostileLhs = hostileRun();
+  auto hostileRhs = hostileRun();
+  note("diff_hostile_names.html",
+       writeDifferenceReport(store, (dir / "diff_hostile_names.html").string(), "Workload", "<b>left</b>",
+                             "right's", &hostileLhs, &hostileRhs, &record, &record, "time"));
   return ok ? 0 : 1;
 }
 
