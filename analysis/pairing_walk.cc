@@ -62,7 +62,7 @@ bool PairingWalk::run(RawPointVector& raw) {
       point = std::move(pending_.back());
       pending_.pop_back();
     } else if (next < raw.size()) {
-      point = std::move(raw[next++]);
+      point = raw[next++];  // copied: the caller's vector stays whole if the walk throws
     } else {
       break;
     }
