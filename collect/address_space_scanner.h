@@ -1,4 +1,4 @@
-// Walks the process's address space (one pass over /proc/self/maps) and sums
+// Walks the process's address space (one pass over its mappings) and sums
 // committed, reserved, free and module regions.
 //
 // A mapping without access rights is reserved, any other mapping committed; a
@@ -9,8 +9,8 @@
 
 #include <cstdint>
 #include <string>
-#include <vector>
 
+#include "collect/address_region_reader.h"
 #include "collect/loaded_module_spans.h"
 
 class AddressSpaceScanner {
@@ -33,10 +33,6 @@ class AddressSpaceScanner {
   std::uint64_t highestUserAddress = 0;  // the platform's system information block
 
  private:
-  // Reads the whole mapping list into mapsText_ and returns its length; 0
-  // when it can't be read.
-  std::size_t readMappings();
-
-  std::vector<char> mapsText_;  // reused between scans
+  AddressRegionReader regions_;
   LoadedModuleSpans modules_;
 };

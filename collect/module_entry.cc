@@ -20,6 +20,8 @@ constexpr TempoGaugeFunctionTable kFunctionTable{
 
 void tgSetPackageRegistrar(void (*registrar)()) { packageRegistrar.store(registrar); }
 
+void (*tgPackageRegistrar())() { return packageRegistrar.load(); }
+
 extern "C" {
 
 void tgRegisterGaugeKitOBSPackage() {

@@ -8,6 +8,7 @@
 // it). The scripting code installs it from its own static initialiser, so
 // that collection has no link dependency on scripting.
 void tgSetPackageRegistrar(void (*registrar)());
+void (*tgPackageRegistrar())();  // the installed registrar, or null
 
 extern "C" {
 // Set the initialised flag (once) and register the package unless it is.

@@ -1,0 +1,189 @@
+// Clearing raw points and reading them out: what each clear removes, keeps
+// and resets, and copies that are independent of the store.
+#include "collect_store_reset.h"
+
+namespace {
+
+class ClearingTest : public CollectStoreTest {
+ protected:
+  void SetUp() override {
+    CollectStoreTest::SetUp();
+    grouping = unique("G");
+    other = unique("Other");
+    tgEnableTracer(grouping, true);
+    tgEnableTracer(other, true);
+  }
+
+  // Phases of the points left, in order.
+  static std::vector<std::string> phasesLeft() {
+    std::vector<std::string> phases;
+    for (std::size_t i = 0; i < rawCount(); ++i) phases.push_back(tgGetPhaseStr(rawAt(i)->phaseId));
+    return phases;
+  }
+
+  std::size_t statisticsTypeEntries() const {
+    std::lock_guard lock(store().mutex());
+    return store().modelStatisticsTypes->size();
+  }
+
+  std::string grouping;
+  std::string other;
+};
+
+TEST_F(ClearingTest, ClearingEverythingKeepsGroupingsAndRestartsOtherIds) {
+  const std::int32_t id = store().findId(tg::kGroupingKind, grouping);
+  ASSERT_TRUE(tgLogCogwheelData(grouping, "m", "t", "first", true));
+  tgSetStatisticsTypeForModel("m", "type");
+  tgEnableGlobalLogging(true);
+  tgEnableDetailedMemStats(true);
+  tgClearRawData();
+  EXPECT_EQ(rawCount(), 0u);
+  EXPECT_EQ(statisticsTypeEntries(), 0u);
+  for (const auto kind : {tg::kPhaseKind, tg::kStatisticsTypeKind, tg::kModelKind, tg::kTargetKind,
+                          tg::kMachineKind, tg::kChartKind})
+    EXPECT_EQ(tableSize(kind), 0u) << kind;
+  EXPECT_TRUE(store().globalLoggingEnabled.load());
+  EXPECT_TRUE(store().detailedMemStatsEnabled.load());
+  tgEnableGlobalLogging(false);
+  tgEnableDetailedMemStats(false);
+  // The grouping keeps its id and its switch; the first new phase is id 0.
+  EXPECT_EQ(store().findId(tg::kGroupingKind, grouping), id);
+  EXPECT_TRUE(tgIsTracerEnabled(grouping));
+  ASSERT_TRUE(tgLogORRERYData(grouping, "second", true));
+  EXPECT_EQ(rawAt(0)->phaseId, 0);
+  EXPECT_EQ(rawAt(0)->groupingId, id);
+}
+
+TEST_F(ClearingTest, GroupingAndModelClearSparesHostPointsAndResetsTypes) {
+  tgSetStatisticsTypeForModel("m", "type");
+  tgLogORRERYData(grouping, "host", true);
+  tgLogCogwheelData(grouping, "m", "t1", "cw1", true);
+  tgLogLoomchartData(grouping, "m", "t2", "mc", "c", "lc", true);
+  tgLogCogwheelData(grouping, "m2", "t1", "otherModel", true);
+  tgLogCogwheelData(other, "m", "t1", "otherGrouping", true);
+  tgClearRawData(grouping, "m");
+  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"host", "otherModel", "otherGrouping"}));
+  EXPECT_EQ(statisticsTypeEntries(), 0u);
+  // Names of removed points stay interned.
+  EXPECT_NE(store().findId(tg::kPhaseKind, "cw1"), -1);
+}
+
+TEST_F(ClearingTest, TwoStringClearOfUnknownNamesStillResetsTypes) {
+  tgSetStatisticsTypeForModel("m", "type");
+  tgLogCogwheelData(grouping, "m", "t", "kept", true);
+  tgClearRawData(unique("Nobody"), "nomodel");
+  EXPECT_EQ(rawCount(), 1u);
+  EXPECT_EQ(statisticsTypeEntries(), 0u);
+  EXPECT_EQ(store().findId(tg::kModelKind, "nomodel"), -1);
+}
+
+TEST_F(ClearingTest, ThreeStringClearNarrowsByTargetAndKeepsTypes) {
+  tgSetStatisticsTypeForModel("m", "type");
+  tgLogCogwheelData(grouping, "m", "t1", "a", true);
+  tgLogCogwheelData(grouping, "m", "t1", "b", false);
+  tgLogCogwheelData(grouping, "m", "t2", "c", true);
+  tgLogLoomchartData(grouping, "m", "t1", "mc", "ch", "d", true);
+  tgClearRawData(grouping, "m", "t1");
+  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"c"}));
+  EXPECT_EQ(statisticsTypeEntries(), 1u);
+}
+
+TEST_F(ClearingTest, GroupingClearTakesEveryClassAndAdjacentRuns) {
+  tgLogORRERYData(grouping, "a", true);
+  tgLogCogwheelData(grouping, "m", "t", "b", true);
+  tgLogLoomchartData(grouping, "m", "t", "mc", "c", "c", true);
+  tgLogORRERYData(other, "kept", true);
+  tgLogORRERYData(grouping, "d", true);
+  tgClearRawGroupingData(grouping);
+  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"kept"}));
+  // An unknown grouping only matches points of grouping -1.
+  tgEnableGlobalLogging(true);
+  tgLogORRERYData(unique("Unknown"), "orphan", true);
+  tgClearRawGroupingData(unique("AlsoUnknown"));
+  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"kept"}));
+}
+
+TEST_F(ClearingTest, ModelClearSparesHostPointsOfAnyGrouping) {
+  tgSetStatisticsTypeForModel("m", "type");
+  tgLogORRERYData(grouping, "host", true);
+  tgLogCogwheelData(grouping, "m", "t", "a", true);
+  tgLogCogwheelData(other, "m", "t", "b", true);
+  tgLogCogwheelData(other, "m2", "t", "c", true);
+  tgClearRawModelData("m");
+  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"host", "c"}));
+  EXPECT_EQ(statisticsTypeEntries(), 2u);  // "m" and "m2" keep their entries
+}
+
+TEST_F(ClearingTest, DeepCopyIsIndependentOfTheStore) {
+  tgLogORRERYData(grouping, "a", true);
+  tgLogCogwheelData(grouping, "m", "t", "b", true);
+  tgLogLoomchartData(grouping, "m", "t", "mc", "c", "c", false);
+  {
+    std::lock_guard lock(store().mutex());
+    store().rawData->front()->flags.isGap = 1;
+  }
+  const auto copy = store().copyRawPoints();
+  ASSERT_TRUE(copy);
+  ASSERT_EQ(copy->size(), 3u);
+  for (std::size_t i = 0; i < 3; ++i) {
+    const RawPointPtr original = rawAt(i);
+    const RawPointPtr& copied = (*copy)[i];
+    EXPECT_NE(copied.get(), original.get());
+    EXPECT_EQ(copied->pointType, original->pointType);
+    EXPECT_EQ(typeid(*copied), typeid(*original));
+    EXPECT_NE(copied->basicMemStats.get(), original->basicMemStats.get());
+    EXPECT_NE(copied->detailedMemStats.get(), original->detailedMemStats.get());
+    EXPECT_EQ(copied->basicMemStats->procMemUsage, original->basicMemStats->procMemUsage);
+    EXPECT_EQ(copied->wallTime, original->wallTime);
+    EXPECT_EQ(copied->isGap(), original->isGap());
+    EXPECT_EQ(copied->isStart(), original->isStart());
+  }
+  EXPECT_TRUE((*copy)[0]->isGap());
+  EXPECT_EQ(std::dynamic_pointer_cast<TGLoomchartDataPoint>((*copy)[2])->machineId,
+            std::dynamic_pointer_cast<TGLoomchartDataPoint>(rawAt(2))->machineId);
+  // Changing the copy leaves the store alone, and clearing the store leaves
+  // the copy whole.
+  (*copy)[1]->basicMemStats->procMemUsage = -1.0;
+  EXPECT_NE(rawAt(1)->basicMemStats->procMemUsage, -1.0);
+  tgClearRawData();
+  EXPECT_EQ(copy->size(), 3u);
+  EXPECT_EQ((*copy)[2]->pointType, 2);
+}
+
+TEST_F(ClearingTest, CopyRepeatsThePreviousPointerForAClasslessPoint) {
+  tgLogORRERYData(grouping, "a", true);
+  {
+    std::lock_guard lock(store().mutex());
+    auto foreign = std::make_shared<TGORRERYDataPoint>();
+    foreign->pointType = 7;
+    store().rawData->push_back(foreign);
+    store().rawData->insert(store().rawData->begin(), foreign);
+  }
+  const auto copy = store().copyRawPoints();
+  ASSERT_EQ(copy->size(), 3u);
+  EXPECT_EQ((*copy)[0], nullptr);
+  EXPECT_NE((*copy)[1], nullptr);
+  EXPECT_EQ((*copy)[2], (*copy)[1]);
+}
+
+TEST_F(ClearingTest, GroupingSelectionSharesPointsAndNamesAnUnknownGrouping) {
+  tgLogORRERYData(grouping, "a", true);
+  tgLogORRERYData(other, "b", true);
+  tgLogORRERYData(grouping, "c", false);
+  const auto selected = store().rawDataForGrouping(grouping);
+  ASSERT_TRUE(selected);
+  ASSERT_EQ(selected->size(), 2u);
+  EXPECT_EQ((*selected)[0].get(), rawAt(0).get());
+  EXPECT_EQ((*selected)[1].get(), rawAt(2).get());
+  tgClearRawData();
+  EXPECT_EQ(tgGetPhaseStr((*selected)[1]->phaseId), "");  // names went, points live on
+  EXPECT_FALSE((*selected)[1]->isStart());
+
+  const std::string unknown = unique("Unknown");
+  const auto none = store().rawDataForGrouping(unknown);
+  ASSERT_TRUE(none);
+  EXPECT_TRUE(none->empty());
+  EXPECT_NE(store().findId(tg::kGroupingKind, unknown), -1);
+}
+
+}  // namespace

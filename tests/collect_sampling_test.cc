@@ -1,0 +1,141 @@
+// Sampling: the clocks, the process counters and the address-space walk.
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <vector>
+
+#include "collect/address_region_reader.h"
+#include "collect/address_space_scanner.h"
+#include "host/clock.h"
+#include "host/process_memory.h"
+
+namespace {
+
+constexpr std::uint64_t kMiB = 1u << 20;
+// Everything below the top of the user address space.
+constexpr std::uint64_t kUserSpace = 0x7fffffffffffull + 1;
+
+// An anonymous mapping that goes when the test ends.
+struct Mapping {
+  Mapping(std::size_t bytes, int protection)
+      : size(bytes), address(::mmap(nullptr, bytes, protection, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) {}
+  ~Mapping() {
+    if (address != MAP_FAILED) ::munmap(address, size);
+  }
+  std::size_t size;
+  void* address;
+};
+
+TEST(Sampling, ClocksMoveForward) {
+  const double wall = huRealtime();
+  const double cpu = huCPUtime();
+  volatile double sink = 0;
+  for (int i = 0; i < 2000000; ++i) sink = sink + i * 0.5;
+  EXPECT_GT(huRealtime(), wall);
+  EXPECT_GT(huCPUtime(), cpu);
+  EXPECT_GT(wall, 0.0);
+}
+
+TEST(Sampling, ProcessCountersFollowTouchedMemory) {
+  tg::host::ProcessCounters before;
+  ASSERT_TRUE(tg::host::readProcessCounters(before));
+  EXPECT_GT(before.residentBytes, 0u);
+  EXPECT_GE(before.virtualBytes, before.residentBytes);
+  const Mapping block(64 * kMiB, PROT_READ | PROT_WRITE);
+  ASSERT_NE(block.address, MAP_FAILED);
+  tg::host::ProcessCounters mapped;
+  ASSERT_TRUE(tg::host::readProcessCounters(mapped));
+  EXPECT_GE(mapped.virtualBytes, before.virtualBytes + 64 * kMiB);
+  std::memset(block.address, 1, block.size);
+  tg::host::ProcessCounters touched;
+  ASSERT_TRUE(tg::host::readProcessCounters(touched));
+  EXPECT_GE(touched.residentBytes, before.residentBytes + 60 * kMiB);
+  EXPECT_GE(touched.peakResidentBytes, touched.residentBytes - 4 * kMiB);
+}
+
+// A child after fork reads its own counters, not its parent's.
+TEST(Sampling, ForkedChildReadsItsOwnCounters) {
+  tg::host::ProcessCounters parent;
+  ASSERT_TRUE(tg::host::readProcessCounters(parent));  // the file is open now
+  const pid_t child = ::fork();
+  ASSERT_NE(child, -1);
+  if (child == 0) {
+    tg::host::ProcessCounters before;
+    if (!tg::host::readProcessCounters(before)) ::_exit(2);
+    const Mapping block(64 * kMiB, PROT_READ | PROT_WRITE);
+    std::memset(block.address, 1, block.size);
+    tg::host::ProcessCounters after;
+    if (!tg::host::readProcessCounters(after)) ::_exit(3);
+    ::_exit(after.residentBytes >= before.residentBytes + 60 * kMiB ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
+}
+
+TEST(Sampling, WalkCoversTheWholeUserSpace) {
+  AddressSpaceScanner scanner;
+  const std::uint64_t nonProcess = scanner.nonProcessBytes;
+  // The 32-bit total wraps below the 47-bit user top.
+  EXPECT_EQ(nonProcess, 0xFFFFFFFFull - 0x7fffffffffffull + 1);
+  EXPECT_GT(nonProcess, std::uint64_t{1} << 63);
+  scanner.scan();
+  EXPECT_EQ(scanner.commitBytes + scanner.reservedBytes + scanner.freeBytes + scanner.moduleBytes, kUserSpace);
+  EXPECT_EQ(scanner.privateBytes, scanner.commitBytes + scanner.reservedBytes);
+  EXPECT_GT(scanner.regionCount, 10u);
+  EXPECT_GT(scanner.moduleBytes, 0u);  // at least this program and its libraries
+  EXPECT_GT(scanner.commitBytes, 0u);
+  EXPECT_TRUE(scanner.scanLabel.empty());
+  EXPECT_EQ(scanner.nonProcessBytes, nonProcess);
+}
+
+TEST(Sampling, WalkSortsMappingsByAccess) {
+  AddressSpaceScanner scanner;
+  scanner.scan();
+  const AddressSpaceScanner first = scanner;
+  const Mapping reserved(256 * kMiB, PROT_NONE);
+  const Mapping committed(128 * kMiB, PROT_READ);
+  ASSERT_NE(reserved.address, MAP_FAILED);
+  ASSERT_NE(committed.address, MAP_FAILED);
+  scanner.scan();
+  EXPECT_GE(scanner.reservedBytes, first.reservedBytes + 256 * kMiB);
+  EXPECT_LT(scanner.reservedBytes, first.reservedBytes + 300 * kMiB);
+  EXPECT_GE(scanner.commitBytes, first.commitBytes + 128 * kMiB);
+  EXPECT_LT(scanner.commitBytes, first.commitBytes + 200 * kMiB);
+  EXPECT_LE(scanner.freeBytes, first.freeBytes - 384 * kMiB);
+  EXPECT_EQ(scanner.commitBytes + scanner.reservedBytes + scanner.freeBytes + scanner.moduleBytes, kUserSpace);
+}
+
+// Both ways of listing the mappings see the same list. The lists are taken
+// one after the other, so a mapping made in between is possible: retry.
+TEST(Sampling, RegionQueriesAndMapsTextAgree) {
+  AddressRegionReader queries(true);
+  AddressRegionReader text(false);
+  std::vector<AddressRegion> byQuery;
+  std::vector<AddressRegion> byText;
+  byQuery.reserve(100000);
+  byText.reserve(100000);
+  auto list = [](AddressRegionReader& reader, std::vector<AddressRegion>& regions) {
+    regions.clear();
+    EXPECT_TRUE(reader.forEach([&](const AddressRegion& r) {
+      if (r.start < kUserSpace) regions.push_back(r);
+    }));
+  };
+  list(text, byText);  // the text buffer is allocated now, not between the lists
+  bool same = false;
+  for (int attempt = 0; attempt < 5 && !same; ++attempt) {
+    list(queries, byQuery);
+    list(text, byText);
+    same = byQuery.size() == byText.size() && byQuery.size() > 10;
+    for (std::size_t i = 0; same && i < byQuery.size(); ++i)
+      same = byQuery[i].start == byText[i].start && byQuery[i].end == byText[i].end &&
+             byQuery[i].noAccess == byText[i].noAccess;
+  }
+  EXPECT_TRUE(same);
+}
+
+}  // namespace

@@ -1,0 +1,85 @@
+// Phase-name cleaning, path helpers and number text.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/host_print.h"
+#include "tempogauge/tempogauge.h"
+
+namespace {
+
+// Sets the host root for one test and clears it afterwards.
+class PathTest : public ::testing::Test {
+ protected:
+  void TearDown() override { hostRootPathSet(""); }
+};
+
+TEST_F(PathTest, RootBackslashesAndLeadingSlashGo) {
+  hostRootPathSet("X:\\root");
+  EXPECT_EQ(hostRootPath(), "X:/root");
+  EXPECT_EQ(cleanPhaseName("X:\\root\\lib\\a.txt", false), "lib/a.txt");
+  EXPECT_EQ(cleanPhaseName("X:\\root\\lib\\a.txt", true), "lib/a.txt");
+}
+
+TEST_F(PathTest, RootMatchingInTheMiddleLeavesTheNameWhole) {
+  hostRootPathSet("/opt/host");
+  EXPECT_EQ(tgStripHostRoot("/data/opt/host/x.m"), "/data/opt/host/x.m");
+  EXPECT_EQ(cleanPhaseName("/data/opt/host/x.m", false), "data/opt/host/x.m");
+  EXPECT_EQ(tgStripHostRoot("/opt/host/x.m"), "/x.m");
+}
+
+TEST_F(PathTest, SlashesWithoutCustomizationStripping) {
+  EXPECT_EQ(cleanPhaseName("//a", false), "a");
+  EXPECT_EQ(cleanPhaseName("/a/b", false), "a/b");
+  EXPECT_EQ(cleanPhaseName("a/b", false), "a/b");
+  EXPECT_EQ(cleanPhaseName("/", false), "");
+  EXPECT_EQ(cleanPhaseName("", false), "");
+  // With stripping, only the first leading slash goes.
+  EXPECT_EQ(cleanPhaseName("//a", true), "/a");
+}
+
+TEST_F(PathTest, CustomizationMarkersGoOnlyWhenStripping) {
+  EXPECT_EQ(cleanPhaseName("m/cw_customization/x", true), "m/x");
+  EXPECT_EQ(cleanPhaseName("m/cw_internal_customization/x", true), "m/x");
+  EXPECT_EQ(cleanPhaseName("m/cw_customization/x", false), "m/cw_customization/x");
+  // What follows the marker stays; a marker at the end leaves its prefix.
+  EXPECT_EQ(cleanPhaseName("a/cw_customization", true), "a");
+  EXPECT_EQ(cleanPhaseName("a/cw_customizationX", true), "aX");
+  // Only the first occurrence of each marker goes.
+  EXPECT_EQ(cleanPhaseName("a/cw_customization/cw_customization", true), "a/cw_customization");
+}
+
+TEST(NumberText, DoubleToUStringCutsWithoutRounding) {
+  EXPECT_EQ(tgDoubleToUString(12.345, 1), "12.3");
+  EXPECT_EQ(tgDoubleToUString(12.5, 3), "12.5");
+  EXPECT_EQ(tgDoubleToUString(12.5, 0), "1");
+  EXPECT_EQ(tgDoubleToUString(12.99, 1), "12.9");
+  EXPECT_EQ(tgDoubleToUString(7.0, 2), "7.00");
+  EXPECT_EQ(tgDoubleToUString(7.0, 0), "7");
+  EXPECT_EQ(tgDoubleToUString(-0.25, 1), "-0.2");
+}
+
+TEST(NumberText, IntToUStringAndFormatDouble) {
+  EXPECT_EQ(tgIntToUString(-2147483647 - 1), "-2147483648");
+  EXPECT_EQ(tgIntToUString(0), "0");
+  EXPECT_EQ(tgFormatDouble(1.23456, 2), "1.2");
+  EXPECT_EQ(tgFormatDouble(1234567.0, 3), "1.23e+06");
+  EXPECT_EQ(tgFormatDouble(0.5, 0), "0.5");
+  EXPECT_EQ(tgFormatDouble(1.0 / 3.0, 40), "0.333333333333333");
+}
+
+TEST(NumberText, StopwatchMeasuresAndPrints) {
+  std::string printed;
+  tgSetHostPrinter([&](std::string_view text) { printed += text; });
+  const auto start = tgStopwatchStart();
+  double seconds = -1.0;
+  tgStopwatchElapsed(start, &seconds, true);
+  tgSetHostPrinter(nullptr);
+  EXPECT_GE(seconds, 0.0);
+  EXPECT_LT(seconds, 1.0);
+  EXPECT_EQ(printed.rfind("Elapsed Time : ", 0), 0u);
+  EXPECT_EQ(printed.back(), '\n');
+  EXPECT_NE(printed.find(" s\n"), std::string::npos);
+}
+
+}  // namespace
