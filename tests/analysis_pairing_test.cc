@@ -195,6 +195,14 @@ TEST(Pairing, StartWithoutStopAndStrayStopsAreErrors) {
 
   RawPointVector empty;
   EXPECT_TRUE(analyzeRawPoints(empty, {"GLOBAL"}, false).hasErrors);
+  // Points, none of them selected: nothing paired, nothing wrong.
+  TraceBuilder other;
+  other.start("A").start("B", 0.5).stop("B", 0.5).stop("A", 0.5);
+  const auto none = analyzeRawPoints(other.points, {"NoSuchGrouping"}, false);
+  EXPECT_FALSE(none.hasErrors);
+  EXPECT_TRUE(none.processedPoints.empty());
+  EXPECT_EQ(none.maxDepth, 0);
+  EXPECT_EQ(other.points.size(), 4u);
 }
 
 TEST(Pairing, SelectionByModelSkipsHostPointsAndOtherModels) {
