@@ -19,9 +19,10 @@ MethodArgs& MethodArgs::flag(bool value) {
 std::vector<oxArrayPtr> callTracer(std::string_view method, MethodArgs args, int nargout) {
   objsys::OBSClass* cls = tgTracerClass();
   objsys::OBSMethodInfo* info = cls ? cls->findMethod(method) : nullptr;
-  const std::string qualified = std::string(kTracerFullName) + "." + std::string(method);
-  if (!info) throw objsys::CallError("objsys:UndefinedMethod", qualified + " is not a method");
-  return objsys::invokeMethod(*info, qualified, args.take(), nargout);
+  if (!info)
+    throw objsys::CallError("objsys:UndefinedMethod",
+                            std::string(kTracerFullName) + "." + std::string(method) + " is not a method");
+  return objsys::invokeMethod(*info, kTracerFullName, args.take(), nargout);
 }
 
 }  // namespace tg::cli

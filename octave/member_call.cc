@@ -26,12 +26,12 @@ objsys::OBSMethodInfo* findMember(std::string_view className, std::string_view m
 
 octave_value_list callPackageMember(std::string_view className, std::string_view memberName,
                                     const octave_value_list& args, int nargout) {
-  std::string qualified = std::string(kGaugeKitPackageName) + ".";
-  if (!className.empty()) qualified.append(className).append(".");
-  qualified.append(memberName);
-
   objsys::OBSMethodInfo* member = findMember(className, memberName);
-  if (!member) error_with_id("Octave:undefined-function", "'%s' is not a member of GaugeKit", qualified.c_str());
+  const std::string_view owner = className.empty() ? std::string_view(kGaugeKitPackageName) : kTracerFullName;
+  if (!member) {
+    const std::string qualified = std::string(owner) + "." + std::string(memberName);
+    error_with_id("Octave:undefined-function", "'%s' is not a member of GaugeKit", qualified.c_str());
+  }
 
   // The error is raised after the C++ exception is gone, so that nothing of
   // the failed call is still alive while Octave unwinds.
@@ -42,7 +42,7 @@ octave_value_list callPackageMember(std::string_view className, std::string_view
     std::vector<oxArrayPtr> inputs;
     inputs.reserve(static_cast<std::size_t>(args.length()));
     for (octave_idx_type i = 0; i < args.length(); ++i) inputs.push_back(toHostArray(args(i)));
-    const std::vector<oxArrayPtr> outputs = objsys::invokeMethod(*member, qualified, std::move(inputs), nargout);
+    const std::vector<oxArrayPtr> outputs = objsys::invokeMethod(*member, owner, std::move(inputs), nargout);
     for (const oxArrayPtr& output : outputs) results.append(toOctaveValue(output.get()));
     return results;
   } catch (const hfnd::except::IMsgIDException& e) {
@@ -53,7 +53,7 @@ octave_value_list callPackageMember(std::string_view className, std::string_view
     errorText = e.what();
   } catch (const std::exception& e) {
     errorId = "tempogauge:internal";
-    errorText = qualified + ": " + e.what();
+    errorText = std::string(owner) + "." + std::string(memberName) + ": " + e.what();
   }
   error_with_id(errorId.c_str(), "%s", errorText.c_str());
 }

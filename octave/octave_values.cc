@@ -48,6 +48,10 @@ oxArrayPtr fromMap(const octave_map& map) {
 }  // namespace
 
 oxArrayPtr toHostArray(const octave_value& value) {
+  // Scalars first: the flags and numbers of logging calls, without the
+  // copies of dimensions and arrays that the general path makes.
+  if (value.is_bool_scalar()) return oxCreateLogicalScalar(value.bool_value());
+  if (value.is_real_scalar() && value.is_double_type()) return oxCreateDoubleScalar(value.double_value());
   const dim_vector dims = value.dims();
   const std::size_t rows = rowsOf(dims);
   const std::size_t cols = colsOf(dims);

@@ -46,12 +46,13 @@ octave_value_list PackageRef::subsref(const std::string& type, const std::list<o
     member = fieldName(*it++);
     used = 2;
   }
-  octave_value_list args;
+  static const octave_value_list noArgs;
+  const octave_value_list* args = &noArgs;
   if (used < type.size() && type[used] == '(') {
-    args = *it++;
+    args = &*it++;
     ++used;
   }
-  octave_value_list results = callPackageMember(className, member, args, used < type.size() ? 1 : nargout);
+  octave_value_list results = callPackageMember(className, member, *args, used < type.size() ? 1 : nargout);
   if (used < type.size()) {
     if (results.length() == 0) error("GaugeKit: %s returned nothing to index", member.c_str());
     return results(0).next_subsref(nargout, type, idx, used);

@@ -6,6 +6,8 @@
 #include <mutex>
 #include <sstream>
 
+#include <boost/container/small_vector.hpp>
+
 namespace objsys {
 namespace {
 
@@ -97,31 +99,35 @@ void OBSPackage::addClass(std::unique_ptr<OBSClassInfo> info) {
   if (reg.classes.try_emplace(fullName, std::move(cls)).second) classNames_.push_back(shortName);
 }
 
-std::vector<oxArrayPtr> invokeMethod(OBSMethodInfo& method, std::string_view qualifiedName,
+std::vector<oxArrayPtr> invokeMethod(OBSMethodInfo& method, std::string_view owner,
                                      std::vector<oxArrayPtr> inputs, int nargout) {
   const OBSMethodSignature& signature = method.getMethodSignature();
   const std::size_t declaredIn = signature.inputTypes().size();
   const std::size_t declaredOut = signature.outputTypes().size();
-  const std::string name(qualifiedName);
+  // Names are built only for a refused call: this is the path of every
+  // logging call from a host.
+  const auto refuse = [&](const char* id, const char* what, std::size_t count) {
+    std::string name(owner);
+    if (!name.empty()) name += ".";
+    name += method.getName();
+    throw CallError(id, name + ": called with " + what + " (" + std::to_string(count) + " declared)");
+  };
   if (!signature.hasVariableInputs() && inputs.size() > declaredIn)
-    throw CallError("objsys:TooManyInputs", name + ": called with too many inputs (takes " +
-                                                std::to_string(declaredIn) + ")");
+    refuse("objsys:TooManyInputs", "too many inputs", declaredIn);
   if (!signature.hasVariableInputs() && inputs.size() < declaredIn)
-    throw CallError("objsys:NotEnoughInputs", name + ": called with too few inputs (takes " +
-                                                  std::to_string(declaredIn) + ")");
+    refuse("objsys:NotEnoughInputs", "too few inputs", declaredIn);
   if (nargout > 0 && static_cast<std::size_t>(nargout) > declaredOut)
-    throw CallError("objsys:TooManyOutputs", name + ": called with too many outputs (gives " +
-                                                 std::to_string(declaredOut) + ")");
+    refuse("objsys:TooManyOutputs", "too many outputs", declaredOut);
 
-  std::vector<OBSValue> in(inputs.size());
+  boost::container::small_vector<OBSValue, 8> in(inputs.size());
   for (std::size_t i = 0; i < inputs.size(); ++i) in[i].array = std::move(inputs[i]);
-  std::vector<OBSValue> out(std::max<std::size_t>(declaredOut, 1));
+  boost::container::small_vector<OBSValue, 2> out(std::max<std::size_t>(declaredOut, 1));
   int nout = 0;
   method.invoke(nullptr, nout, out.data(), static_cast<int>(in.size()), in.data());
 
   std::vector<oxArrayPtr> results;
   const int produced = std::clamp(nout, 0, static_cast<int>(out.size()));
-  for (int i = 0; i < produced; ++i) results.push_back(std::move(out[i].array));
+  for (int i = 0; i < produced; ++i) results.push_back(std::move(out[static_cast<std::size_t>(i)].array));
   return results;
 }
 

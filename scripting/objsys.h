@@ -169,11 +169,12 @@ class CallError : public std::runtime_error {
   std::string id_;
 };
 
-// Calls `method` with `inputs` and asks for `nargout` results (0 means the
-// caller takes at most one if the method gives one). Checks the counts
-// against the signature first: a signature without variable inputs needs
-// exactly its declared inputs. Returns the results the method produced.
-std::vector<oxArrayPtr> invokeMethod(OBSMethodInfo& method, std::string_view qualifiedName,
+// Calls `method` of `owner` (a class or package name, for messages) with
+// `inputs` and asks for `nargout` results (0 means the caller takes at most
+// one if the method gives one). Checks the counts against the signature
+// first: a signature without variable inputs needs exactly its declared
+// inputs. Returns the results the method produced.
+std::vector<oxArrayPtr> invokeMethod(OBSMethodInfo& method, std::string_view owner,
                                      std::vector<oxArrayPtr> inputs, int nargout);
 
 namespace factory {

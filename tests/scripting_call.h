@@ -35,7 +35,7 @@ inline std::vector<oxArrayPtr> call(std::string_view method, std::vector<oxArray
   ORInitialize_tempogauge();
   objsys::OBSMethodInfo* info = tgTracerClass()->findMethod(method);
   if (!info) throw std::runtime_error("no method " + std::string(method));
-  return objsys::invokeMethod(*info, method, std::move(in), nargout);
+  return objsys::invokeMethod(*info, kTracerFullName, std::move(in), nargout);
 }
 
 // What a call raised: "<name>(arg,arg)" of the message record, "none" when

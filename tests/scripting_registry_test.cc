@@ -98,7 +98,7 @@ TEST(ScriptingRegistry, PackageFunctionsAreStaticVoidAndSilentWithoutTheirHostCo
     EXPECT_TRUE(functions[i]->isStatic());
     EXPECT_TRUE(functions[i]->getMethodSignature().inputTypes().empty());
     EXPECT_TRUE(functions[i]->getMethodSignature().outputTypes().empty());
-    EXPECT_TRUE(objsys::invokeMethod(*functions[i], expected[i], {}, 0).empty());
+    EXPECT_TRUE(objsys::invokeMethod(*functions[i], "GaugeKit", {}, 0).empty());
   }
 }
 
