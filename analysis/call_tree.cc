@@ -22,29 +22,42 @@ std::uint32_t md5WordSum(std::int32_t value) {
 
 }  // namespace
 
+namespace {
+
+// Remembers the digest of each id: a table indexed by id for the dense ids of
+// the name tables (and -1), a hash table for anything else.
+class IdHasher {
+ public:
+  std::uint32_t operator()(std::int32_t value) {
+    constexpr std::int32_t kDenseLimit = 1 << 20;
+    if (value < -1 || value >= kDenseLimit) {
+      const auto [it, fresh] = sparse_.try_emplace(value, 0);
+      if (fresh) it->second = md5WordSum(value);
+      return it->second;
+    }
+    const auto index = static_cast<std::size_t>(value + 1);
+    if (index >= dense_.size()) dense_.resize(index + 1, kUnknown);
+    if (dense_[index] == kUnknown) {
+      const std::uint32_t sum = md5WordSum(value);
+      if (sum == kUnknown) return sum;  // can't be told from "not yet": not remembered
+      dense_[index] = sum;
+    }
+    return dense_[index];
+  }
+
+ private:
+  static constexpr std::uint32_t kUnknown = 0;
+  std::vector<std::uint32_t> dense_;
+  std::unordered_map<std::int32_t, std::uint32_t> sparse_;
+};
+
+}  // namespace
+
 std::uint32_t hashID(std::int32_t value) {
   // The digest of an id never changes, and a call tree asks for the same few
-  // ids again and again: each thread remembers what it has computed, in a
-  // table indexed by id for the dense ids of the name tables (and -1).
-  constexpr std::int32_t kDenseLimit = 1 << 20;
-  if (value < -1 || value >= kDenseLimit) {
-    thread_local std::unordered_map<std::int32_t, std::uint32_t> sparse;
-    const auto [it, fresh] = sparse.try_emplace(value, 0);
-    if (fresh) it->second = md5WordSum(value);
-    return it->second;
-  }
-  thread_local std::vector<std::uint32_t> dense;
-  thread_local std::vector<bool> known;
-  const auto index = static_cast<std::size_t>(value + 1);
-  if (index >= dense.size()) {
-    dense.resize(index + 1, 0);
-    known.resize(index + 1, false);
-  }
-  if (!known[index]) {
-    dense[index] = md5WordSum(value);
-    known[index] = true;
-  }
-  return dense[index];
+  // ids again and again: each thread remembers what it has computed.
+  thread_local IdHasher hasher;
+  return hasher(value);
 }
 
 bool isDirectChild(const std::string& parentNum, const std::string& childNum) {
@@ -56,6 +69,7 @@ bool isDirectChild(const std::string& parentNum, const std::string& childNum) {
 }
 
 CallTree linkCallTreeNodes(const ProcessedPointVector& processedPoints) {
+  IdHasher hash;  // the same digests as hashID, without a thread-local lookup per id
   CallTree roots;
   std::vector<CallTreeNodePtr> open;
   for (const ProcessedPointPtr& point : processedPoints) {
@@ -66,10 +80,10 @@ CallTree linkCallTreeNodes(const ProcessedPointVector& processedPoints) {
     node->phaseNum = p.HTMLPhaseNumString;
     if (p.numChildren > 0) node->children.reserve(static_cast<std::size_t>(p.numChildren));
     if (p.isGapRow()) {
-      node->signature = hashID(p.phaseID);
+      node->signature = hash(p.phaseID);
       node->isGap = true;
     } else {
-      node->signature = hashID(p.getGrouping()) + hashID(p.getPhaseID()) + hashID(p.getModel()) + hashID(p.getTarget());
+      node->signature = hash(p.getGrouping()) + hash(p.getPhaseID()) + hash(p.getModel()) + hash(p.getTarget());
     }
     const bool hasChildren = p.numChildren >= 1;
     if (open.empty()) {
