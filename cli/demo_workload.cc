@@ -96,7 +96,7 @@ double residual(const Matrix& a, std::size_t n, const std::vector<double>& x, co
 void solverStage(int stage, DemoVariant variant, std::mt19937_64& rng) {
   const std::string prefix = "stage " + std::to_string(stage) + "/";
   // The changed variant solves a larger system in stage 3.
-  const std::size_t n = (variant == DemoVariant::Changed && stage == 3) ? 200 : 110;
+  const std::size_t n = (variant == DemoVariant::Changed && stage == 3) ? 380 : 260;
   Phase whole("solver stage " + std::to_string(stage));
   Matrix a, lu;
   {
@@ -143,7 +143,7 @@ void dataStages(DemoVariant variant, std::mt19937_64& rng) {
   std::vector<std::string> records;
   {
     Phase p("generate records");
-    records = makeRecords(60000, rng);
+    records = makeRecords(200000, rng);
   }
   {
     Phase p("sort records");
@@ -175,7 +175,7 @@ void dataStages(DemoVariant variant, std::mt19937_64& rng) {
   }
   {
     Phase p("sieve primes");
-    std::vector<bool> composite(2'000'000, false);
+    std::vector<bool> composite(12'000'000, false);
     std::size_t count = 0;
     for (std::size_t i = 2; i < composite.size(); ++i) {
       if (composite[i]) continue;
@@ -190,6 +190,13 @@ void dataStages(DemoVariant variant, std::mt19937_64& rng) {
     for (std::size_t i = 0; i < records.size(); i += 7) text << records[i] << ':' << index[records[i]] << '\n';
     sink = sink + static_cast<double>(text.str().size());
   }
+  {
+    // Freeing large containers takes time of its own.
+    Phase p("release data");
+    std::unordered_map<std::string, std::size_t>().swap(index);
+    std::vector<std::uint64_t>().swap(cache);
+    std::vector<std::string>().swap(records);
+  }
 }
 
 void modelStages(std::mt19937_64& rng) {
@@ -197,7 +204,7 @@ void modelStages(std::mt19937_64& rng) {
   for (int step = 0; step < 3; ++step) {
     for (const char* block : blocks) {
       ModelPhase p("engine_model", "sim_target", block);
-      std::vector<double> signal(50000);
+      std::vector<double> signal(400000);
       std::generate(signal.begin(), signal.end(), [&] { return static_cast<double>(rng() % 1000) / 1000.0; });
       double state = 0.0;
       for (const double v : signal) state = 0.99 * state + 0.01 * std::sin(v);
@@ -215,7 +222,7 @@ void runDemoWorkload(DemoVariant variant, const std::function<void(std::string_v
     onStage("load configuration");
     Phase p("load configuration");
     std::ostringstream config;
-    for (int i = 0; i < 2000; ++i) config << "option" << i << " = " << (i * 37 % 101) << "\n";
+    for (int i = 0; i < 20000; ++i) config << "option" << i << " = " << (i * 37 % 101) << "\n";
     std::istringstream in(config.str());
     std::unordered_map<std::string, int> options;
     for (std::string key, eq; in >> key >> eq;) in >> options[key];
