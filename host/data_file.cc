@@ -3,10 +3,12 @@
 #include <matio.h>
 
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <mutex>
 #include <string>
 
+#include "host/level5_check.h"
 #include "host/mat_variable.h"
 
 class orfFile {
@@ -43,21 +45,6 @@ void initMatioLog() {
   std::call_once(once, [] { Mat_LogInitFunc("tempogauge", &quietMatioLog); });
 }
 
-// A level-5 file starts with 116 bytes of text, 8 of subsystem offset, the
-// version 0x0100 and the endian mark "IM" (or "MI" when written big-endian).
-bool hasLevel5Header(const std::string& name) {
-  std::FILE* f = std::fopen(name.c_str(), "rb");
-  if (!f) return false;
-  std::array<unsigned char, 128> header{};
-  const std::size_t got = std::fread(header.data(), 1, header.size(), f);
-  std::fclose(f);
-  if (got != header.size()) return false;
-  const unsigned char v0 = header[124], v1 = header[125], e0 = header[126], e1 = header[127];
-  if (e0 == 'I' && e1 == 'M') return v0 == 0x00 && v1 == 0x01;
-  if (e0 == 'M' && e1 == 'I') return v0 == 0x01 && v1 == 0x00;
-  return false;
-}
-
 constexpr const char* kHeaderText = "tempogauge trace file (level 5 data file)";
 
 }  // namespace
@@ -67,7 +54,7 @@ orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
   const std::string path(name);
   if (path.empty()) return nullptr;
   if (mode == "r") {
-    if (!hasLevel5Header(path)) return nullptr;
+    if (!tgLevel5FileIsSound(path)) return nullptr;
     mat_t* mat = Mat_Open(path.c_str(), MAT_ACC_RDONLY);
     if (!mat) return nullptr;
     if (Mat_GetVersion(mat) != MAT_FT_MAT5) {

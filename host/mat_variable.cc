@@ -105,6 +105,13 @@ bool shape(const matvar_t* v, std::size_t& rows, std::size_t& cols) {
   return true;
 }
 
+// True when the variable's data holds at least `count` elements of `size`
+// bytes: a damaged file can give dimensions that its data does not fill.
+bool holds(const matvar_t* v, std::size_t count, std::size_t size) {
+  if (count == 0) return true;
+  return v->data && size > 0 && v->nbytes / size >= count;
+}
+
 // The real part of numeric data of any class, as doubles.
 template <class T>
 void copyReal(const void* data, std::size_t n, std::vector<double>& out) {
@@ -148,6 +155,7 @@ oxArrayPtr numericArray(const matvar_t* v, std::size_t rows, std::size_t cols) {
   const std::size_t n = rows * cols;
   // matio converts the stored values to the class's own type on reading.
   if (n > 0 && static_cast<std::size_t>(v->data_size) != classSize(v->class_type)) return nullptr;
+  if (!holds(v, n, classSize(v->class_type))) return nullptr;
   std::vector<double> values;
   if (!realAsDoubles(v, n, values)) return nullptr;
   oxClassID target = oxDOUBLE_CLASS;
@@ -178,7 +186,7 @@ oxArrayPtr numericArray(const matvar_t* v, std::size_t rows, std::size_t cols) {
 
 oxArrayPtr charArray(const matvar_t* v, std::size_t rows, std::size_t cols) {
   const std::size_t n = rows * cols;
-  if (n > 0 && !v->data) return nullptr;
+  if (!holds(v, n, v->data_size > 0 ? static_cast<std::size_t>(v->data_size) : 0)) return nullptr;
   const bool vector = rows <= 1 || cols <= 1;
   std::string text;
   switch (v->data_size) {
@@ -220,7 +228,7 @@ oxArrayPtr charArray(const matvar_t* v, std::size_t rows, std::size_t cols) {
 
 oxArrayPtr cellArray(const matvar_t* v, std::size_t rows, std::size_t cols) {
   const std::size_t n = rows * cols;
-  if (n > 0 && !v->data) return nullptr;
+  if (!holds(v, n, sizeof(matvar_t*))) return nullptr;
   auto a = oxCreateCellMatrix(rows, cols);
   const auto* cells = static_cast<matvar_t* const*>(v->data);
   for (std::size_t i = 0; i < n; ++i) a->setCell(i, tgMatVariableToArray(cells[i]));
@@ -237,7 +245,8 @@ oxArrayPtr structArray(const matvar_t* v, std::size_t rows, std::size_t cols) {
   auto a = oxCreateStructArray(rows, cols, fields);
   // Duplicate names would merge into one field; the struct keeps the first.
   const std::size_t n = rows * cols;
-  if (n > 0 && fieldCount > 0 && !v->data) return nullptr;
+  if (fieldCount > 0 && n > 0 && (n > SIZE_MAX / fieldCount || !holds(v, n * fieldCount, sizeof(matvar_t*))))
+    return nullptr;
   for (std::size_t e = 0; e < n; ++e)
     for (unsigned f = 0; f < fieldCount; ++f) {
       const int number = a->fieldNumber(fields[f]);

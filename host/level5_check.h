@@ -1,0 +1,13 @@
+// A structural check of level-5 data files, made before the file library
+// reads them. A damaged file can claim more elements, fields or nesting than
+// its bytes hold, and reading such a claim can take unbounded time and memory;
+// a file that passes has every count backed by the bytes that carry it.
+#pragma once
+
+#include <string>
+
+// True when `path` is a level-5 data file whose variables (compressed or not)
+// all lie wholly inside the file and are consistent: every array's element
+// count fits its data, every cell and field is a complete element, and arrays
+// nest at most 64 deep.
+bool tgLevel5FileIsSound(const std::string& path);

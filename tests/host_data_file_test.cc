@@ -1,0 +1,213 @@
+// Data files: host arrays of every class written and read back through the
+// level-5 file layer, and files that are missing, empty, cut short or garbage.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "host/data_file.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+class DataFile : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir_ = fs::temp_directory_path() /
+           ("tg_data_file_" + std::to_string(::getpid()) + "_" +
+            ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+  std::string path(const std::string& name) const { return (dir_ / name).string(); }
+
+  static std::vector<char> bytesOf(const std::string& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  }
+  static void writeBytes(const std::string& file, const std::vector<char>& bytes) {
+    std::ofstream out(file, std::ios::binary | std::ios::trunc);
+    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  }
+
+  // Writes a trace-like cell array of rows, as the store does.
+  std::string writeSample(const std::string& name, std::size_t rows = 20) {
+    auto all = oxCreateCellMatrix(1, rows);
+    for (std::size_t r = 0; r < rows; ++r) {
+      auto row = oxCreateCellMatrix(1, 4);
+      row->setCell(0, oxCreateString("1"));
+      row->setCell(1, oxCreateInt32Scalar(static_cast<std::int32_t>(r % 3)));
+      row->setCell(2, oxCreateString("phase " + std::to_string(r)));
+      row->setCell(3, oxCreateDoubleScalar(r * 0.5));
+      all->setCell(r, std::move(row));
+    }
+    const std::string file = path(name);
+    auto f = orfOpen(file, "w");
+    EXPECT_TRUE(f);
+    EXPECT_EQ(orfPutVariable(f.get(), "Root", oxCreateString("/opt/host").get()), 0);
+    EXPECT_EQ(orfPutVariable(f.get(), "Rows", all.get()), 0);
+    EXPECT_EQ(orfClose(f), 0);
+    return file;
+  }
+
+  // Opening and reading must end, with or without a result; what comes back
+  // must be a well-formed array.
+  static void readEverything(const std::string& file) {
+    auto f = orfOpen(file, "r");
+    if (!f) return;
+    for (const char* name : {"Rows", "Root", "Missing"}) {
+      const auto a = orfGetVariable(f.get(), name);
+      if (a) {
+        EXPECT_LE(a->numel(), 1000000u);
+      }
+    }
+    orfClose(f);
+  }
+
+  fs::path dir_;
+};
+
+TEST_F(DataFile, EveryClassComesBackAsWritten) {
+  auto s = oxCreateStructArray(1, 1, {"d", "i", "u", "l", "c", "e", "cells", "obj"});
+  auto d = oxCreateDoubleMatrix(2, 3);
+  for (std::size_t i = 0; i < 6; ++i) d->doubles()[i] = i * 1.25 - 2;
+  oxSetFieldByNumber(s.get(), 0, 0, std::move(d));
+  oxSetFieldByNumber(s.get(), 0, 1, oxCreateInt32Scalar(-7));
+  oxSetFieldByNumber(s.get(), 0, 2, oxCreateUInt32Scalar(4000000000u));
+  oxSetFieldByNumber(s.get(), 0, 3, oxCreateLogicalScalar(true));
+  oxSetFieldByNumber(s.get(), 0, 4, oxCreateString("phase \xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80"));
+  oxSetFieldByNumber(s.get(), 0, 5, oxCreateString(""));
+  auto cells = oxCreateCellMatrix(1, 3);
+  cells->setCell(0, oxCreateCellMatrix(1, 0));
+  cells->setCell(2, oxCreateString("x"));  // cell 1 stays null
+  oxSetFieldByNumber(s.get(), 0, 6, std::move(cells));
+  auto obj = oxCreateObject("GaugeKit.Thing");
+  obj->addField("value");
+  oxSetFieldByNumber(obj.get(), 0, 0, oxCreateDoubleScalar(3));
+  oxSetFieldByNumber(s.get(), 0, 7, std::move(obj));
+
+  const std::string file = path("all.orf");
+  auto out = orfOpen(file, "w");
+  ASSERT_TRUE(out);
+  ASSERT_EQ(orfPutVariable(out.get(), "S", s.get()), 0);
+  ASSERT_EQ(orfClose(out), 0);
+  EXPECT_FALSE(out);
+
+  auto in = orfOpen(file, "r");
+  ASSERT_TRUE(in);
+  const auto back = orfGetVariable(in.get(), "S");
+  ASSERT_TRUE(back);
+  EXPECT_EQ(back->classID(), oxSTRUCT_CLASS);
+  EXPECT_EQ(back->fieldNames(), s->fieldNames());
+  const oxArray* bd = oxGetField(back.get(), 0, "d");
+  ASSERT_TRUE(bd && bd->classID() == oxDOUBLE_CLASS);
+  EXPECT_EQ(bd->rows(), 2u);
+  EXPECT_EQ(bd->cols(), 3u);
+  EXPECT_EQ(bd->doubles(), oxGetField(s.get(), 0, "d")->doubles());
+  EXPECT_EQ(oxGetField(back.get(), 0, "i")->int32s()[0], -7);
+  EXPECT_EQ(oxGetField(back.get(), 0, "u")->uint32s()[0], 4000000000u);
+  EXPECT_TRUE(oxIsLogicalScalarTrue(oxGetField(back.get(), 0, "l")));
+  EXPECT_EQ(oxArrayToStdString(oxGetField(back.get(), 0, "c")), "phase \xC3\xA9 \xE2\x82\xAC \xF0\x9F\x98\x80");
+  EXPECT_TRUE(oxIsCharVector(oxGetField(back.get(), 0, "e")));
+  EXPECT_EQ(oxGetNumberOfElements(oxGetField(back.get(), 0, "e")), 0u);
+  const oxArray* bc = oxGetField(back.get(), 0, "cells");
+  ASSERT_TRUE(oxIsCell(bc));
+  EXPECT_TRUE(oxIsCell(bc->cell(0)));
+  // A null cell is written as an empty double.
+  ASSERT_TRUE(bc->cell(1));
+  EXPECT_EQ(bc->cell(1)->classID(), oxDOUBLE_CLASS);
+  EXPECT_TRUE(bc->cell(1)->isEmpty());
+  EXPECT_EQ(oxArrayToStdString(bc->cell(2)), "x");
+  // Objects have no file form of their own and come back as structs.
+  const oxArray* bo = oxGetField(back.get(), 0, "obj");
+  EXPECT_TRUE(oxIsStruct(bo));
+  EXPECT_EQ(oxGetScalar(oxGetField(bo, 0, "value")), 3.0);
+  EXPECT_FALSE(orfGetVariable(in.get(), "NotThere"));
+  EXPECT_EQ(orfClose(in), 0);
+}
+
+TEST_F(DataFile, VariablesAreFoundByNameInAnyOrder) {
+  const std::string file = writeSample("sample.orf", 3);
+  auto f = orfOpen(file, "r");
+  ASSERT_TRUE(f);
+  EXPECT_EQ(oxArrayToStdString(orfGetVariable(f.get(), "Root").get()), "/opt/host");
+  const auto rows = orfGetVariable(f.get(), "Rows");
+  ASSERT_TRUE(rows);
+  EXPECT_EQ(rows->numel(), 3u);
+  EXPECT_EQ(oxArrayToStdString(rows->cell(2)->cell(2)), "phase 2");
+}
+
+TEST_F(DataFile, HandlesRefuseTheWrongDirection) {
+  const std::string file = writeSample("sample.orf", 1);
+  auto r = orfOpen(file, "r");
+  ASSERT_TRUE(r);
+  EXPECT_NE(orfPutVariable(r.get(), "x", oxCreateDoubleScalar(1).get()), 0);
+  auto w = orfOpen(path("new.orf"), "w");
+  ASSERT_TRUE(w);
+  EXPECT_FALSE(orfGetVariable(w.get(), "Rows"));
+  EXPECT_NE(orfPutVariable(w.get(), "x", nullptr), 0);
+  EXPECT_NE(orfPutVariable(w.get(), "", oxCreateDoubleScalar(1).get()), 0);
+  EXPECT_NE(orfPutVariable(nullptr, "x", oxCreateDoubleScalar(1).get()), 0);
+  EXPECT_FALSE(orfOpen(file, "a"));
+  EXPECT_FALSE(orfOpen("", "r"));
+  orfFilePtr none;
+  EXPECT_NE(orfClose(none), 0);
+}
+
+TEST_F(DataFile, MissingEmptyAndUnwritableFilesDoNotOpen) {
+  EXPECT_FALSE(orfOpen(path("missing.orf"), "r"));
+  writeBytes(path("empty.orf"), {});
+  EXPECT_FALSE(orfOpen(path("empty.orf"), "r"));
+  EXPECT_FALSE(orfOpen(path("no/such/folder/x.orf"), "w"));
+  EXPECT_FALSE(orfOpen(dir_.string(), "r"));  // a folder
+  // Text that is not a data file, even if long enough for a header.
+  writeBytes(path("text.orf"), std::vector<char>(300, 'a'));
+  EXPECT_FALSE(orfOpen(path("text.orf"), "r"));
+}
+
+TEST_F(DataFile, TruncatedFilesEndCleanly) {
+  const std::string file = writeSample("full.orf");
+  const auto bytes = bytesOf(file);
+  ASSERT_GT(bytes.size(), 200u);
+  std::size_t readable = 0;
+  for (std::size_t length = 0; length < bytes.size(); ++length) {
+    const std::string cut = path("cut.orf");
+    writeBytes(cut, std::vector<char>(bytes.begin(), bytes.begin() + static_cast<long>(length)));
+    auto f = orfOpen(cut, "r");
+    if (!f) continue;
+    // Every variable is either whole or missing: a cut-off variable does not read.
+    const auto rows = orfGetVariable(f.get(), "Rows");
+    if (rows) ++readable;
+  }
+  EXPECT_EQ(readable, 0u) << "a file cut inside its last variable must not give that variable";
+}
+
+TEST_F(DataFile, RandomBytesAndDamagedFilesEndCleanly) {
+  std::mt19937 random(20261121);
+  std::uniform_int_distribution<int> byte(0, 255);
+  // Pure noise, with and without a valid header in front.
+  const auto good = bytesOf(writeSample("good.orf"));
+  for (int round = 0; round < 200; ++round) {
+    std::vector<char> noise(16 + random() % 2000);
+    for (auto& b : noise) b = static_cast<char>(byte(random));
+    if (round % 2 == 1 && noise.size() > 128) std::copy(good.begin(), good.begin() + 128, noise.begin());
+    writeBytes(path("noise.orf"), noise);
+    readEverything(path("noise.orf"));
+  }
+  // A real file with a few bytes changed after the header.
+  for (int round = 0; round < 400; ++round) {
+    auto damaged = good;
+    const int flips = 1 + round % 4;
+    for (int k = 0; k < flips; ++k)
+      damaged[128 + random() % (damaged.size() - 128)] = static_cast<char>(byte(random));
+    writeBytes(path("damaged.orf"), damaged);
+    readEverything(path("damaged.orf"));
+  }
+}
+
+}  // namespace
