@@ -52,15 +52,16 @@ oxArrayPtr toHostArray(const octave_value& value) {
   // copies of dimensions and arrays that the general path makes.
   if (value.is_bool_scalar()) return oxCreateLogicalScalar(value.bool_value());
   if (value.is_real_scalar() && value.is_double_type()) return oxCreateDoubleScalar(value.double_value());
+  if (value.is_string()) {
+    const charNDArray chars = value.char_array_value();
+    const dim_vector& dims = chars.dims();
+    auto array = std::make_unique<oxArray>(oxCHAR_CLASS, rowsOf(dims), colsOf(dims));
+    array->chars().assign(chars.data(), static_cast<std::size_t>(chars.numel()));
+    return array;
+  }
   const dim_vector dims = value.dims();
   const std::size_t rows = rowsOf(dims);
   const std::size_t cols = colsOf(dims);
-  if (value.is_string()) {
-    auto array = std::make_unique<oxArray>(oxCHAR_CLASS, rows, cols);
-    const charNDArray chars = value.char_array_value();
-    for (octave_idx_type i = 0; i < chars.numel(); ++i) array->chars()[static_cast<std::size_t>(i)] = chars(i);
-    return array;
-  }
   if (value.islogical()) {
     auto array = std::make_unique<oxArray>(oxLOGICAL_CLASS, rows, cols);
     copyElements(value.bool_array_value(), array->logicals());

@@ -14,7 +14,8 @@ namespace {
 
 std::string fieldName(const octave_value_list& index) {
   if (index.length() != 1 || !index(0).is_string()) error("GaugeKit: invalid member name");
-  return index(0).string_value();
+  const charNDArray chars = index(0).char_array_value();
+  return std::string(chars.data(), static_cast<std::size_t>(chars.numel()));
 }
 
 }  // namespace
