@@ -23,6 +23,16 @@ std::size_t countOf(std::string_view text, std::string_view what) {
   return count;
 }
 
+// Each marker is found in the text, and after the one before it.
+void expectOrder(const std::string& text, std::initializer_list<std::string_view> markers) {
+  std::size_t last = 0;
+  for (const auto marker : markers) {
+    const auto pos = text.find(marker, last);
+    ASSERT_NE(pos, std::string::npos) << marker;
+    last = pos + marker.size();
+  }
+}
+
 std::string selected(std::string_view asset, const ReportVariant& variant) {
   std::string out;
   appendVariantText(out, asset, variant);
@@ -291,6 +301,40 @@ TEST(ReportScripts, AggregateScriptClosesTheElementOnlyWhenAggregateOnly) {
   writeSortScript(sortBlock);
   EXPECT_TRUE(sortBlock.starts_with("    <script type=\"text/javascript\">\n"));
   EXPECT_TRUE(sortBlock.ends_with("    </script>\n"));
+}
+
+
+TEST(ReportScripts, TabScriptHoldsOnlyTheViewsOfItsReport) {
+  const auto tabScript = [](std::string_view metric, bool detail, bool comparison, bool aggregateOnly) {
+    std::string out;
+    writeTabScript(out, metric, detail, comparison, aggregateOnly);
+    return out;
+  };
+  const auto aggregateOnly = tabScript("time", false, false, true);
+  EXPECT_TRUE(aggregateOnly.starts_with("    <script type=\"text/javascript\">\n"));
+  EXPECT_TRUE(aggregateOnly.ends_with("    </script>\n"));
+  EXPECT_NE(aggregateOnly.find("case 'aggregateSummary':"), std::string::npos);
+  EXPECT_NE(aggregateOnly.find("case 'systemInfo':"), std::string::npos);
+  for (const std::string_view absent : {"case 'phaseSummary':", "case 'callTreeSummary':", "case 'memCanvas':",
+                                        "callTreeHeader", "phaseSumHeader", "renderMemChart", "dialogMove"}) {
+    EXPECT_EQ(aggregateOnly.find(absent), std::string::npos) << absent;
+  }
+  // An aggregate-only page with the dialog body has a handler for its mouse moves.
+  EXPECT_NE(tabScript("detailedmemory", true, true, true).find("function dialogMove(event)"), std::string::npos);
+
+  const auto detail = tabScript("detailedmemory", true, false, false);
+  expectOrder(detail, {"case 'aggregateSummary':", "case 'systemInfo':", "case 'phaseSummary':",
+                       "case 'callTreeSummary':", "case 'memCanvas':"});
+  EXPECT_NE(detail.find("'scrollcanvasdiv'"), std::string::npos);
+  EXPECT_NE(detail.find("style.height = '4000px'"), std::string::npos);
+  EXPECT_EQ(detail.find("'absDevMatte'"), std::string::npos);
+
+  const auto comparison = tabScript("detailedmemory", false, true, false);
+  EXPECT_EQ(comparison.find("case 'callTreeSummary':"), std::string::npos);
+  EXPECT_NE(comparison.find("'absDevMatte'"), std::string::npos);
+  EXPECT_NE(comparison.find("style.height = '400px'"), std::string::npos);
+  EXPECT_EQ(comparison.find("style.height = '4000px'"), std::string::npos);
+  EXPECT_EQ(tabScript("time", false, true, false).find("case 'memCanvas':"), std::string::npos);
 }
 
 }  // namespace
