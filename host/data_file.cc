@@ -7,19 +7,24 @@
 #include <cstdio>
 #include <mutex>
 #include <string>
+#include <utility>
 
 #include "host/level5_check.h"
 #include "host/mat_variable.h"
 
 class orfFile {
  public:
-  orfFile(mat_t* mat, bool writable) : mat_(mat), writable_(writable) {}
+  orfFile(mat_t* mat, bool writable, std::string path) : mat_(mat), writable_(writable), path_(std::move(path)) {}
   orfFile(const orfFile&) = delete;
   orfFile& operator=(const orfFile&) = delete;
   ~orfFile() { close(); }
 
   mat_t* mat() const { return mat_; }
   bool writable() const { return writable_; }
+  const std::string& path() const { return path_; }
+  // Variables written so far; false once a write has failed.
+  std::size_t written = 0;
+  bool failed = false;
   int close() {
     if (!mat_) return -1;
     const int status = Mat_Close(mat_);
@@ -30,6 +35,7 @@ class orfFile {
  private:
   mat_t* mat_;
   bool writable_;
+  std::string path_;
 };
 
 void orfFileCloser::operator()(orfFile* file) const { std::default_delete<orfFile>()(file); }
@@ -61,12 +67,12 @@ orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
       Mat_Close(mat);
       return nullptr;
     }
-    return orfFilePtr(new orfFile(mat, false));
+    return orfFilePtr(new orfFile(mat, false, path));
   }
   if (mode == "w") {
     mat_t* mat = Mat_CreateVer(path.c_str(), kHeaderText, MAT_FT_MAT5);
     if (!mat) return nullptr;
-    return orfFilePtr(new orfFile(mat, true));
+    return orfFilePtr(new orfFile(mat, true, path));
   }
   return nullptr;
 }
@@ -74,8 +80,19 @@ orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
 int orfPutVariable(orfFile* file, std::string_view name, const oxArray* array) {
   if (!file || !file->mat() || !file->writable() || !array || name.empty()) return -1;
   MatVariablePtr variable = tgArrayToMatVariable(name, array);
-  if (!variable) return -1;
-  return Mat_VarWrite(file->mat(), variable.get(), MAT_COMPRESSION_ZLIB) == 0 ? 0 : -1;
+  if (!variable || file->failed) return -1;
+  if (Mat_VarWrite(file->mat(), variable.get(), MAT_COMPRESSION_ZLIB) != 0) {
+    file->failed = true;
+    return -1;
+  }
+  // The library flushes a compressed variable when it has written it, but
+  // does not report a failed write: the file must now end with this variable.
+  std::size_t count = 0;
+  if (!tgLevel5ElementCount(file->path(), count) || count != ++file->written) {
+    file->failed = true;
+    return -1;
+  }
+  return 0;
 }
 
 oxArrayPtr orfGetVariable(orfFile* file, std::string_view name) {
@@ -87,7 +104,8 @@ oxArrayPtr orfGetVariable(orfFile* file, std::string_view name) {
 
 int orfClose(orfFilePtr& file) {
   if (!file) return -1;
+  const bool failedBefore = file->failed;
   const int status = file->close();
   file.reset();
-  return status;
+  return status != 0 || failedBefore ? -1 : 0;
 }

@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <limits>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -228,4 +229,34 @@ bool tgLevel5FileIsSound(const std::string& path) {
     }
   }
   return true;
+}
+
+bool tgLevel5ElementCount(const std::string& path, std::size_t& count) {
+  count = 0;
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(path, ec)) return false;
+  const std::uintmax_t size = std::filesystem::file_size(path, ec);
+  if (ec || size < 128) return false;
+  std::FILE* f = std::fopen(path.c_str(), "rb");
+  if (!f) return false;
+  const auto closer = [](std::FILE* file) { std::fclose(file); };
+  std::unique_ptr<std::FILE, decltype(closer)> guard(f, closer);
+  Bytes header(128);
+  if (std::fread(header.data(), 1, header.size(), f) != header.size()) return false;
+  if (header[126] != 'I' && header[126] != 'M') return false;
+  const Reader reader(header, header[126] == 'M');
+  std::uint64_t at = 128;
+  while (at < size) {
+    if (size - at < 8) return false;
+    Bytes tag(8);
+    if (std::fseek(f, static_cast<long>(at), SEEK_SET) != 0 || std::fread(tag.data(), 1, 8, f) != 8) return false;
+    const Reader tagReader(tag, header[126] == 'M');
+    const std::uint32_t type = tagReader.word(0);
+    std::uint64_t bytes = tagReader.word(4);
+    if (type == miMATRIX) bytes = (bytes + 7) / 8 * 8;
+    if (bytes > size - at - 8) return false;
+    at += 8 + bytes;
+    ++count;
+  }
+  return at == size;
 }

@@ -1,0 +1,245 @@
+// System information: the record as a struct and back, its collection from
+// the host's answers (through a scripted host, since a real host's failures
+// cannot be provoked), the CPU speed text and the host's root.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <string>
+
+#include "collect/constants.h"
+#include "collect/number_text.h"
+#include "host/host_bridge.h"
+#include "host/system_info.h"
+#include "scripting/errors.h"
+#include "store/system_info_array.h"
+#include "store/system_info_collection.h"
+
+namespace TG = tempogauge::TempoGauge;
+
+namespace {
+
+// A host whose answers are set per query ("function arg"). A query without
+// an answer fails with status 1.
+class ScriptedHost : public HostBridge {
+ public:
+  int call(std::string_view name, std::span<oxArrayPtr> outputs, std::span<const oxArray* const> inputs) override {
+    std::string key(name);
+    for (const oxArray* in : inputs) key += " " + oxArrayToStdString(in);
+    const auto it = answers.find(key);
+    if (it == answers.end()) return 1;
+    if (!outputs.empty()) outputs[0] = oxDuplicateArray(it->second.get());
+    return 0;
+  }
+  void print(std::string_view) override {}
+
+  void answer(const std::string& key, oxArrayPtr value) { answers[key] = std::move(value); }
+  void answerAll() {
+    answer("system_dependent getcpu", oxCreateString("Test CPU"));
+    answer("system_dependent getos", oxCreateString("TestOS"));
+    answer("system_dependent getwinsys", oxCreateString("Build 7"));
+    answer("feature numCores", oxCreateDoubleScalar(8));
+    answer("version", oxCreateString("9.1.0"));
+    answer("version -java", oxCreateString("Java 1.8"));
+    answer("evalc ver", oxCreateString("Product list\n"));
+    answer("orreryroot", oxCreateString("/opt/testhost"));
+  }
+  std::map<std::string, oxArrayPtr> answers;
+};
+
+class SystemInfoHost : public ::testing::Test {
+ protected:
+  void SetUp() override { tgSetHostBridge(host); }
+  void TearDown() override { tgSetHostBridge(nullptr); }
+  std::shared_ptr<ScriptedHost> host = std::make_shared<ScriptedHost>();
+};
+
+TempoGaugingSystemInfo sample() {
+  return {"cpu", "2.6 GHz", "4", "16384", "os", "ver", "java", "products"};
+}
+
+template <class Tag>
+std::string raisedArgument(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const hfnd::except::Exception<Tag>& e) {
+    return e.record().arguments.at(0);
+  }
+  ADD_FAILURE() << "expected " << Tag::name;
+  return {};
+}
+
+TEST(SystemInfoArray, StructHasTheEightFieldsInOrder) {
+  const auto array = systemInfoToArray(sample());
+  ASSERT_TRUE(oxIsStruct(array.get()));
+  EXPECT_EQ(array->numel(), 1u);
+  EXPECT_EQ(array->fieldNames(),
+            (std::vector<std::string>{"processorStr", "cpuSpeedStr", "numCoresStr", "totalPhysMemStr",
+                                      "operatingSystemStr", "ORRERYVersionStr", "javaVMVersionStr",
+                                      "installedProductsStr"}));
+  EXPECT_EQ(oxArrayToStdString(oxGetField(array.get(), 0, "cpuSpeedStr")), "2.6 GHz");
+  EXPECT_TRUE(oxIsCharVector(oxGetField(array.get(), 0, "installedProductsStr")));
+  TempoGaugingSystemInfo back;
+  systemInfoFromArray(array.get(), back);
+  EXPECT_EQ(back.processorStr, "cpu");
+  EXPECT_EQ(back.totalPhysMemStr, "16384");
+  EXPECT_EQ(back.installedProductsStr, "products");
+}
+
+TEST(SystemInfoArray, ReadingIsByPositionAndTolerant) {
+  // Other names, a number in field 1, only three fields: by position, empty where not text.
+  auto odd = oxCreateStructArray(1, 1, {"a", "b", "c"});
+  oxSetFieldByNumber(odd.get(), 0, 0, oxCreateString("first"));
+  oxSetFieldByNumber(odd.get(), 0, 1, oxCreateDoubleScalar(2));
+  oxSetFieldByNumber(odd.get(), 0, 2, oxCreateString("third"));
+  TempoGaugingSystemInfo r = sample();
+  systemInfoFromArray(odd.get(), r);
+  EXPECT_EQ(r.processorStr, "first");
+  EXPECT_EQ(r.cpuSpeedStr, "");
+  EXPECT_EQ(r.numCoresStr, "third");
+  EXPECT_EQ(r.totalPhysMemStr, "");
+  EXPECT_EQ(r.installedProductsStr, "");
+  // An object is read like a struct.
+  auto object = oxCreateObject("Info");
+  object->addField("p");
+  oxSetFieldByNumber(object.get(), 0, 0, oxCreateString("from object"));
+  systemInfoFromArray(object.get(), r);
+  EXPECT_EQ(r.processorStr, "from object");
+  // Null, text and cells leave the record as it is.
+  r = sample();
+  systemInfoFromArray(nullptr, r);
+  systemInfoFromArray(oxCreateString("text").get(), r);
+  systemInfoFromArray(oxCreateCellMatrix(1, 8).get(), r);
+  EXPECT_EQ(r.processorStr, "cpu");
+  EXPECT_EQ(r.installedProductsStr, "products");
+  // An empty struct has no element 0: every field empty.
+  systemInfoFromArray(oxCreateStructArray(0, 0, {"processorStr"}).get(), r);
+  EXPECT_EQ(r.processorStr, "");
+}
+
+TEST(SystemInfoText, CpuSpeedUnits) {
+  EXPECT_EQ(tgCpuSpeedText(2600000), "2.6 GHz");
+  EXPECT_EQ(tgCpuSpeedText(3456789), "3.4568 GHz");
+  EXPECT_EQ(tgCpuSpeedText(1000000), "1000 MHz");
+  EXPECT_EQ(tgCpuSpeedText(800000), "800 MHz");
+  EXPECT_EQ(tgCpuSpeedText(0), "0 MHz");
+}
+
+TEST_F(SystemInfoHost, CollectsEveryFieldFromTheHost) {
+  host->answerAll();
+  TempoGaugingSystemInfo r;
+  querySystemInfo(r);
+  EXPECT_EQ(r.processorStr, "Test CPU");
+  EXPECT_EQ(r.cpuSpeedStr, tgCpuSpeedText(huCPUspeedOS()));
+  EXPECT_EQ(r.numCoresStr, "8");
+  EXPECT_EQ(r.totalPhysMemStr, tgFormatDouble(tgTotalPhysicalMemoryBytes() * tg::kBytesToMegabytes, 5));
+  EXPECT_EQ(r.operatingSystemStr, "TestOS Build 7");
+  EXPECT_EQ(r.ORRERYVersionStr, "9.1.0");
+  EXPECT_EQ(r.javaVMVersionStr, "Java 1.8");
+  EXPECT_EQ(r.installedProductsStr, "Product list\n");
+}
+
+TEST_F(SystemInfoHost, FailedQueriesGiveEmptyFields) {
+  host->answerAll();
+  host->answers.erase("version");
+  host->answers.erase("version -java");
+  host->answers.erase("system_dependent getwinsys");
+  TempoGaugingSystemInfo r = sample();
+  querySystemInfo(r);
+  EXPECT_EQ(r.ORRERYVersionStr, "");
+  EXPECT_EQ(r.javaVMVersionStr, "");
+  EXPECT_EQ(r.operatingSystemStr, "TestOS ");
+  EXPECT_EQ(r.processorStr, "Test CPU");
+}
+
+TEST_F(SystemInfoHost, AnswersOfTheWrongFormRaiseUnexpectedValue) {
+  host->answerAll();
+  host->answer("feature numCores", oxCreateString("8"));
+  TempoGaugingSystemInfo r;
+  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "Number of Cores");
+  EXPECT_EQ(r.processorStr, "Test CPU");  // fields before the failure stay
+  EXPECT_EQ(r.ORRERYVersionStr, "");
+
+  host->answerAll();
+  host->answer("version", oxCreateDoubleScalar(9));
+  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "CPU information");
+  host->answerAll();
+  host->answer("system_dependent getcpu", oxCreateCellMatrix(1, 1));
+  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "CPU information");
+  host->answerAll();
+  host->answer("evalc ver", oxCreateLogicalScalar(true));
+  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }),
+            "installed products: [evalc('ver')]");
+  host->answerAll();
+  host->answer("feature numCores", oxCreateNumericArray(1, 2, oxDOUBLE_CLASS));
+  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "Number of Cores");
+  host->answerAll();
+  host->answer("feature numCores", oxCreateInt32Scalar(6));  // any numeric scalar
+  querySystemInfo(r);
+  EXPECT_EQ(r.numCoresStr, "6");
+}
+
+TEST_F(SystemInfoHost, RootIsAskedEveryTimeAndTheLastAnswerKept) {
+  host->answer("orreryroot", oxCreateString("/opt/first"));
+  EXPECT_EQ(getHostRoot(), "/opt/first");
+  host->answer("orreryroot", oxCreateString("/opt/second"));
+  EXPECT_EQ(getHostRoot(), "/opt/second");
+  host->answers.erase("orreryroot");
+  EXPECT_EQ(getHostRoot(), "/opt/second");
+  host->answer("orreryroot", oxCreateDoubleScalar(1));
+  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([] { getHostRoot(); }), "ORRERY Root");
+}
+
+TEST(SystemInfoCollection, OneCollectionServesBothEntries) {
+  TempoGaugingSystemInfo first;
+  collectSystemInfo(first);
+  const TempoGaugingSystemInfo* cached = getCachedSystemInfo();
+  ASSERT_NE(cached, nullptr);
+  EXPECT_EQ(cached, getCachedSystemInfo());
+  EXPECT_EQ(cached->processorStr, first.processorStr);
+  EXPECT_EQ(cached->installedProductsStr, first.installedProductsStr);
+  EXPECT_FALSE(first.processorStr.empty());
+  EXPECT_NE(first.operatingSystemStr.find("Linux"), std::string::npos);
+  EXPECT_GT(std::stod(first.totalPhysMemStr), 64.0);
+  EXPECT_GE(std::stoi(first.numCoresStr), 1);
+  // A struct of the live record is the cached one's.
+  TempoGaugingSystemInfo fromArray;
+  systemInfoFromArray(systemInfoToArray().get(), fromArray);
+  EXPECT_EQ(fromArray.cpuSpeedStr, cached->cpuSpeedStr);
+}
+
+}  // namespace
+
+namespace {
+
+// Runs in a fresh process (the threadsafe death-test style re-runs the test
+// binary), so that this process's one collection is still to be made.
+TEST(SystemInfoCollectionDeathTest, FailedCollectionIsMadeAgainAtTheNextCall) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(
+      {
+        auto host = std::make_shared<ScriptedHost>();
+        host->answerAll();
+        host->answer("version", oxCreateDoubleScalar(1));
+        tgSetHostBridge(host);
+        TempoGaugingSystemInfo r;
+        bool raised = false;
+        try {
+          collectSystemInfo(r);
+        } catch (const hfnd::except::Exception<TG::UnexpectedValue>&) {
+          raised = true;
+        }
+        host->answer("version", oxCreateString("9.2"));
+        collectSystemInfo(r);
+        host->answer("version", oxCreateString("changed later"));
+        TempoGaugingSystemInfo again;
+        collectSystemInfo(again);
+        const bool ok = raised && r.ORRERYVersionStr == "9.2" && again.ORRERYVersionStr == "9.2" &&
+                        getCachedSystemInfo()->ORRERYVersionStr == "9.2";
+        tgSetHostBridge(nullptr);
+        std::exit(ok ? 0 : 1);
+      },
+      ::testing::ExitedWithCode(0), "");
+}
+
+}  // namespace

@@ -1,0 +1,312 @@
+// Saved trace files: the shared save path, loading into a vector and into
+// the store, and files that are missing, damaged, full or of the wrong kind.
+#include <gtest/gtest.h>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <vector>
+
+#include <matio.h>
+
+#include "collect_store_reset.h"
+#include "host/data_file.h"
+#include "host/host_bridge.h"
+#include "host/standalone_bridge.h"
+#include "scripting/errors.h"
+#include "store/system_info_collection.h"
+#include "store/trace_file.h"
+
+namespace fs = std::filesystem;
+namespace TG = tempogauge::TempoGauge;
+
+namespace {
+
+// The stand-alone host, with a root of the test's choosing.
+class RootHost : public StandaloneBridge {
+ public:
+  int call(std::string_view name, std::span<oxArrayPtr> outputs, std::span<const oxArray* const> inputs) override {
+    if (name != "orreryroot") return StandaloneBridge::call(name, outputs, inputs);
+    if (!outputs.empty()) outputs[0] = oxCreateString(root);
+    return 0;
+  }
+  std::string root = "/opt/testhost";
+};
+
+template <class Tag>
+std::vector<std::string> raisedArguments(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const hfnd::except::Exception<Tag>& e) {
+    return e.record().arguments;
+  } catch (const std::exception& e) {
+    ADD_FAILURE() << "expected " << Tag::name << ", got " << e.what();
+    return {};
+  }
+  ADD_FAILURE() << "expected " << Tag::name << ", nothing raised";
+  return {};
+}
+
+// Offsets at which the file's top-level elements end (compressed elements
+// are not padded).
+std::vector<std::uintmax_t> elementEnds(const std::string& file) {
+  std::ifstream in(file, std::ios::binary);
+  std::vector<unsigned char> b{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  std::vector<std::uintmax_t> ends;
+  std::size_t at = 128;
+  while (at + 8 <= b.size()) {
+    const std::uint32_t bytes = b[at + 4] | b[at + 5] << 8 | b[at + 6] << 16 | std::uint32_t{b[at + 7]} << 24;
+    at += 8 + bytes;
+    ends.push_back(at);
+  }
+  return ends;
+}
+
+class TraceFile : public CollectStoreTest {
+ protected:
+  void SetUp() override {
+    CollectStoreTest::SetUp();
+    savedRoot_ = hostRootPath();
+    tgSetHostBridge(host);
+    dir_ = fs::temp_directory_path() / ("tg_trace_file_" + std::to_string(::getpid()) + "_" +
+                                        ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+  }
+  void TearDown() override {
+    tgSetHostBridge(nullptr);
+    hostRootPathSet(savedRoot_);
+    fs::remove_all(dir_);
+    CollectStoreTest::TearDown();
+  }
+  std::string path(const std::string& name) const { return (dir_ / name).string(); }
+
+  // Logs a small run of all three kinds; phase names carry the host's root.
+  void logRun(const std::string& grouping) {
+    tgAddGrouping(grouping);
+    tgEnableTracer(grouping, true);
+    const std::string outer = host->root + "/toolbox/outer.m";
+    tgLogORRERYData(grouping, outer, true);
+    tgLogCogwheelData(grouping, "model", "target", "cw", true);
+    tgLogLoomchartData(grouping, "model", "target", "machine", "chart", "lc", true);
+    tgLogLoomchartData(grouping, "model", "target", "machine", "chart", "lc", false);
+    tgLogCogwheelData(grouping, "model", "target", "cw", false);
+    tgLogORRERYData(grouping, outer, false);
+    tgEnableTracer(grouping, false);
+  }
+
+  std::string savedRoot_;
+  fs::path dir_;
+  std::shared_ptr<RootHost> host = std::make_shared<RootHost>();
+};
+
+TEST_F(TraceFile, SavedFileHoldsTheThreeVariablesInOrder) {
+  logRun(unique("G"));
+  const std::string file = path("run.orf");
+  saveTraceFile(file, *store().copyRawPoints());
+  EXPECT_EQ(hostRootPath(), "/opt/testhost");
+  mat_t* mat = Mat_Open(file.c_str(), MAT_ACC_RDONLY);
+  ASSERT_NE(mat, nullptr);
+  std::vector<std::string> names;
+  while (matvar_t* v = Mat_VarReadNextInfo(mat)) {
+    names.emplace_back(v->name);
+    Mat_VarFree(v);
+  }
+  Mat_Close(mat);
+  EXPECT_EQ(names, (std::vector<std::string>{"TempoGaugingRawDataVector", "TempoGaugingSystemInfo", "ORRERYRoot"}));
+}
+
+TEST_F(TraceFile, LoadKeepsTheOrderAndTheLoadedNamesLoseTheRoot) {
+  const std::string grouping = unique("G");
+  logRun(grouping);
+  const auto live = store().copyRawPoints();
+  const std::string file = path("run.orf");
+  saveTraceFile(file, *live);
+
+  RawPointVector points;
+  TempoGaugingSystemInfo info;
+  std::string root;
+  ASSERT_TRUE(loadTraceFile(file, points, info, root));
+  EXPECT_EQ(root, "/opt/testhost");
+  ASSERT_EQ(points.size(), live->size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    EXPECT_EQ(points[i]->pointType, (*live)[i]->pointType) << i;
+    EXPECT_EQ(points[i]->isStart(), (*live)[i]->isStart()) << i;
+    EXPECT_EQ(points[i]->wallTime, (*live)[i]->wallTime) << i;
+    EXPECT_EQ(points[i]->basicMemStats->procMemUsage, (*live)[i]->basicMemStats->procMemUsage) << i;
+    EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, points[i]->groupingId), grouping);
+  }
+  EXPECT_EQ(tgGetNameStr(tg::kPhaseKind, points[0]->phaseId), "toolbox/outer.m");
+  EXPECT_EQ(tgGetNameStr(tg::kPhaseKind, (*live)[0]->phaseId), "/opt/testhost/toolbox/outer.m");
+  const auto lc = std::dynamic_pointer_cast<TGLoomchartDataPoint>(points[2]);
+  ASSERT_TRUE(lc);
+  EXPECT_EQ(tgGetNameStr(tg::kChartKind, lc->chartId), "chart");
+  EXPECT_EQ(info.processorStr, getCachedSystemInfo()->processorStr);
+  EXPECT_EQ(info.installedProductsStr, getCachedSystemInfo()->installedProductsStr);
+}
+
+TEST_F(TraceFile, LoadingIntoTheStoreReplacesPointsRecordAndRoot) {
+  logRun(unique("Saved"));
+  const std::string file = path("other-machine.orf");
+  host->root = "/other/machine";
+  saveTraceFile(file, *store().copyRawPoints());
+  const std::size_t saved = rawCount();
+
+  host->root = "/local/host";
+  hostRootPathSet("/local/host");
+  tgClearRawData();
+  logRun(unique("Live"));
+  logRun(unique("Live2"));
+  ASSERT_EQ(rawCount(), 2 * saved);
+  loadTraceIntoStore(file);
+  EXPECT_EQ(rawCount(), saved);
+  EXPECT_EQ(hostRootPath(), "/other/machine");
+  {
+    std::lock_guard lock(store().mutex());
+    ASSERT_TRUE(store().loadedSystemInfo);
+    EXPECT_EQ(store().loadedSystemInfo->cpuSpeedStr, getCachedSystemInfo()->cpuSpeedStr);
+  }
+  EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, rawAt(0)->groupingId), unique("Saved"));
+}
+
+TEST_F(TraceFile, FileWithoutRawDataGivesAnEmptyStore) {
+  const std::string file = path("root-only.orf");
+  auto f = orfOpen(file, "w");
+  ASSERT_EQ(orfPutVariable(f.get(), "ORRERYRoot", oxCreateString("/r").get()), 0);
+  ASSERT_EQ(orfClose(f), 0);
+  logRun(unique("G"));
+  ASSERT_GT(rawCount(), 0u);
+  loadTraceIntoStore(file);
+  EXPECT_EQ(rawCount(), 0u);
+  EXPECT_EQ(hostRootPath(), "/r");
+}
+
+TEST_F(TraceFile, VariablesOfTheWrongKindGiveEmptyResults) {
+  const std::string file = path("wrong.orf");
+  auto f = orfOpen(file, "w");
+  ASSERT_EQ(orfPutVariable(f.get(), "TempoGaugingRawDataVector", oxCreateDoubleScalar(4).get()), 0);
+  ASSERT_EQ(orfPutVariable(f.get(), "TempoGaugingSystemInfo", oxCreateString("no struct").get()), 0);
+  ASSERT_EQ(orfPutVariable(f.get(), "ORRERYRoot", oxCreateDoubleScalar(7).get()), 0);
+  ASSERT_EQ(orfClose(f), 0);
+  RawPointVector points;
+  TempoGaugingSystemInfo info;
+  info.processorStr = "unchanged";
+  std::string root = "before";
+  ASSERT_TRUE(loadTraceFile(file, points, info, root));
+  EXPECT_TRUE(points.empty());
+  EXPECT_EQ(info.processorStr, "unchanged");
+  EXPECT_EQ(root, "");
+}
+
+TEST_F(TraceFile, BadFilesRaiseOpenFileFailedAndLeaveTheStoreAlone) {
+  logRun(unique("G"));
+  const std::string good = path("good.orf");
+  saveTraceFile(good, *store().copyRawPoints());
+  const std::size_t before = rawCount();
+
+  std::ifstream in(good, std::ios::binary);
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  const auto write = [&](const std::string& name, const std::vector<char>& content) {
+    std::ofstream out(path(name), std::ios::binary);
+    out.write(content.data(), static_cast<std::streamsize>(content.size()));
+    return path(name);
+  };
+  std::vector<char> noise(4096);
+  std::mt19937 random(7);
+  for (auto& c : noise) c = static_cast<char>(random());
+  std::vector<char> damaged = bytes;
+  damaged[200] ^= 0x5A;  // inside the compressed raw data
+  const std::vector<std::string> bad{
+      path("missing.orf"),
+      write("empty.orf", {}),
+      write("noise.orf", noise),
+      write("cut.orf", std::vector<char>(bytes.begin(), bytes.end() - 10)),
+      write("damaged.orf", damaged),
+      dir_.string(),
+  };
+  for (const auto& file : bad) {
+    RawPointVector points;
+    TempoGaugingSystemInfo info;
+    std::string root;
+    EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { loadTraceFile(file, points, info, root); }),
+              std::vector<std::string>{file});
+    EXPECT_TRUE(points.empty()) << file;
+    EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { loadTraceIntoStore(file); }),
+              std::vector<std::string>{file});
+    EXPECT_EQ(rawCount(), before) << file;
+  }
+}
+
+TEST_F(TraceFile, SavingWhereNoFileCanBeMadeRaisesOpenFileFailed) {
+  const std::string file = path("no/such/folder/run.orf");
+  EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { saveTraceFile(file, {}); }),
+            std::vector<std::string>{file});
+  EXPECT_FALSE(fs::exists(file));
+}
+
+TEST_F(TraceFile, AFullDeviceRaisesDataWriteFailForTheRawData) {
+  logRun(unique("G"));
+  EXPECT_EQ(raisedArguments<TG::DataWriteFail>([&] { saveTraceFile("/dev/full", *store().copyRawPoints()); }),
+            (std::vector<std::string>{"Raw Data", "/dev/full"}));
+}
+
+TEST_F(TraceFile, AnEmptyTraceSavesAndLoadsAsNoPoints) {
+  const std::string file = path("empty-trace.orf");
+  saveTraceFile(file, {});
+  RawPointVector points;
+  TempoGaugingSystemInfo info;
+  std::string root;
+  ASSERT_TRUE(loadTraceFile(file, points, info, root));
+  EXPECT_TRUE(points.empty());
+  EXPECT_EQ(root, "/opt/testhost");
+  EXPECT_EQ(CW_STARTUP_FILE, "CWStartupData.orf");
+}
+
+// Saves `points` under a file size limit just short of the end of each of
+// the three variables in turn; 0 when every save raised DataWriteFail with
+// that variable's label and kept the variables before it.
+int savesUnderSizeLimits(const RawPointVector& points, const std::string& reference, const std::string& target) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  saveTraceFile(reference, points);
+  const auto ends = elementEnds(reference);
+  if (ends.size() != 3) return 2;
+  const std::vector<std::string> labels{"Raw Data", "System Information", "ORRERY Root"};
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlim_t unlimited = limit.rlim_cur;
+  for (std::size_t k = 0; k < 3; ++k) {
+    limit.rlim_cur = ends[k] - 4;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::vector<std::string> args;
+    try {
+      saveTraceFile(target, points);
+    } catch (const hfnd::except::Exception<TG::DataWriteFail>& e) {
+      args = e.record().arguments;
+    }
+    limit.rlim_cur = unlimited;
+    setrlimit(RLIMIT_FSIZE, &limit);
+    if (args != std::vector<std::string>{labels[k], target}) {
+      std::fprintf(stderr, "put %zu: wrong or no DataWriteFail\n", k);
+      return 1;
+    }
+    if (k > 0 && elementEnds(target).front() != ends.front()) return 3;
+  }
+  return 0;
+}
+
+// Runs in a fresh process, as it lowers the process's file size limit.
+TEST_F(TraceFile, EachFailedPutNamesItsVariable) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  logRun(unique("G"));
+  const auto points = store().copyRawPoints();
+  EXPECT_EXIT(std::_Exit(savesUnderSizeLimits(*points, path("reference.orf"), path("limited.orf"))),
+              ::testing::ExitedWithCode(0), "");
+}
+
+}  // namespace
