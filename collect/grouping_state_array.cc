@@ -1,14 +1,8 @@
 #include "collect/grouping_state_array.h"
 
-#include <bit>
 #include <new>
 
 GroupingStateArray::GroupingStateArray(std::size_t initialSize) { growTo(initialSize); }
-
-GroupingStateArray::Slot GroupingStateArray::slotOf(std::size_t id) noexcept {
-  const std::size_t segment = static_cast<std::size_t>(std::bit_width(id / kFirstSegment + 1)) - 1;
-  return {segment, id - segmentStart(segment)};
-}
 
 void GroupingStateArray::growTo(std::size_t count) {
   const std::size_t current = size_.load(std::memory_order_relaxed);

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <atomic>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -49,7 +50,10 @@ class GroupingStateArray {
     std::size_t segment;
     std::size_t offset;
   };
-  static Slot slotOf(std::size_t id) noexcept;
+  static Slot slotOf(std::size_t id) noexcept {
+    const std::size_t segment = static_cast<std::size_t>(std::bit_width(id / kFirstSegment + 1)) - 1;
+    return {segment, id - segmentStart(segment)};
+  }
   static std::size_t segmentStart(std::size_t segment) noexcept { return kFirstSegment * ((std::size_t{1} << segment) - 1); }
 
   std::atomic<std::size_t> size_{0};

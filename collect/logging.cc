@@ -24,10 +24,6 @@ bool TempoGauge::isGroupingEnabled(std::string_view groupingName) const {
   return isGroupingEnabled(switchedGroupingNames_->find(groupingName));
 }
 
-bool TempoGauge::isGroupingEnabled(std::int32_t groupingId) const {
-  return groupingStates && (*groupingStates)[groupingId] == 1;
-}
-
 // ---- Points -------------------------------------------------------------------
 
 bool TempoGauge::logPoint(std::string_view grouping, std::string_view phase, bool start) {

@@ -46,7 +46,10 @@ class TempoGauge {
 
   // Logging gate and points.
   bool isGroupingEnabled(std::string_view groupingName) const;
-  bool isGroupingEnabled(std::int32_t groupingId) const;
+  // Lock-free: reads only the atomic state array (inline, for the gate).
+  bool isGroupingEnabled(std::int32_t groupingId) const noexcept {
+    return groupingStates && (*groupingStates)[groupingId] == 1;
+  }
   bool logPoint(std::string_view grouping, std::string_view phase, bool start);
   bool logPoint(std::int32_t groupingId, std::string_view phase, bool start);
   bool logPoint(std::string_view grouping, std::string_view model, std::string_view target,
