@@ -1,111 +1,171 @@
 #include "host/data_file.h"
 
-#include <matio.h>
+#include <zlib.h>
 
-#include <array>
-#include <cstdint>
+#include <algorithm>
+#include <bit>
 #include <cstdio>
-#include <mutex>
+#include <cstring>
+#include <limits>
+#include <memory>
 #include <string>
-#include <utility>
+#include <vector>
 
 #include "host/level5_check.h"
-#include "host/mat_variable.h"
+#include "host/level5_decoder.h"
+#include "host/level5_encoder.h"
 
+namespace l5 = tg::level5;
+
+// An open data file. For reading, the whole file is read and checked at
+// opening and its variables kept (inflated); for writing, each variable is
+// compressed and appended as it is put.
 class orfFile {
  public:
-  orfFile(mat_t* mat, bool writable, std::string path) : mat_(mat), writable_(writable), path_(std::move(path)) {}
+  orfFile(std::FILE* out, std::string path) : out_(out), path_(std::move(path)) {}
+  orfFile(std::vector<l5::Variable> variables, bool swapped)
+      : variables_(std::move(variables)), swapped_(swapped), reading_(true) {}
   orfFile(const orfFile&) = delete;
   orfFile& operator=(const orfFile&) = delete;
   ~orfFile() { close(); }
 
-  mat_t* mat() const { return mat_; }
-  bool writable() const { return writable_; }
-  const std::string& path() const { return path_; }
-  // Variables written so far; false once a write has failed.
-  std::size_t written = 0;
-  bool failed = false;
+  int put(std::string_view name, const oxArray* array) {
+    if (!out_ || failed_) return -1;
+    l5::Bytes element;
+    element.reserve(l5::encodedSize(name, array));
+    if (!l5::encodeArray(element, name, array)) return -1;
+    // A failed write (a full disk, a size limit) shows at the latest when
+    // the buffer is flushed; the file is then no longer to be trusted.
+    if (!writeCompressed(element) || std::fflush(out_) != 0) {
+      failed_ = true;
+      return -1;
+    }
+    return 0;
+  }
+
+  oxArrayPtr get(std::string_view name) const {
+    if (!reading_) return nullptr;
+    // The first variable of a name counts, as for the host's own loader.
+    const auto it = std::find_if(variables_.begin(), variables_.end(),
+                                 [&](const l5::Variable& v) { return v.name == name; });
+    if (it == variables_.end()) return nullptr;
+    return l5::decodeElement(it->element, swapped_);
+  }
+
   int close() {
-    if (!mat_) return -1;
-    const int status = Mat_Close(mat_);
-    mat_ = nullptr;
-    return status;
+    if (reading_) {
+      reading_ = false;
+      variables_.clear();
+      return 0;
+    }
+    if (!out_) return -1;
+    const int status = std::fclose(out_);
+    out_ = nullptr;
+    return status == 0 && !failed_ ? 0 : -1;
+  }
+
+  bool writeHeader() {
+    std::string text = "tempogauge trace file, level 5 data file";
+    text.resize(116, ' ');
+    unsigned char header[128];
+    std::memcpy(header, text.data(), 116);
+    std::memset(header + 116, 0, 8);  // no subsystem data
+    const std::uint16_t version = 0x0100;
+    std::memcpy(header + 124, &version, 2);
+    // The endian mark reads "IM" when written by a little-endian machine.
+    const char* mark = std::endian::native == std::endian::little ? "IM" : "MI";
+    std::memcpy(header + 126, mark, 2);
+    // Not flushed here: a device that takes no data fails at the first put.
+    if (std::fwrite(header, 1, sizeof header, out_) != sizeof header) {
+      failed_ = true;
+      return false;
+    }
+    return true;
   }
 
  private:
-  mat_t* mat_;
-  bool writable_;
+  // Writes `element` as one compressed element: a tag whose length is
+  // filled in once the stream is written, then the zlib stream, made in
+  // pieces so that no second buffer of the whole size is needed.
+  bool writeCompressed(const l5::Bytes& element) {
+    const long tagAt = std::ftell(out_);
+    std::uint32_t tag[2] = {l5::miCOMPRESSED, 0};
+    if (tagAt < 0 || std::fwrite(tag, 1, sizeof tag, out_) != sizeof tag) return false;
+    z_stream z{};
+    // The fastest level: trace rows are repetitive, and it keeps a save of
+    // many points well under a second.
+    if (deflateInit(&z, Z_BEST_SPEED) != Z_OK) return false;
+    const std::unique_ptr<z_stream, int (*)(z_stream*)> guard(&z, &deflateEnd);
+    std::vector<unsigned char> chunk(1 << 20);
+    std::uint64_t written = 0;
+    std::size_t at = 0;
+    int status = Z_OK;
+    while (status != Z_STREAM_END) {
+      const std::size_t piece = std::min<std::size_t>(element.size() - at, 1u << 30);
+      z.next_in = const_cast<unsigned char*>(element.data() + at);
+      z.avail_in = static_cast<uInt>(piece);
+      const bool last = at + piece == element.size();
+      do {
+        z.next_out = chunk.data();
+        z.avail_out = static_cast<uInt>(chunk.size());
+        status = deflate(&z, last ? Z_FINISH : Z_NO_FLUSH);
+        if (status == Z_STREAM_ERROR) return false;
+        const std::size_t produced = chunk.size() - z.avail_out;
+        if (std::fwrite(chunk.data(), 1, produced, out_) != produced) return false;
+        written += produced;
+      } while (z.avail_out == 0);
+      at += piece;
+      if (!last && z.avail_in != 0) return false;
+    }
+    if (written > std::numeric_limits<std::uint32_t>::max()) return false;
+    tag[1] = static_cast<std::uint32_t>(written);
+    const long end = std::ftell(out_);
+    return end >= 0 && std::fseek(out_, tagAt, SEEK_SET) == 0 && std::fwrite(tag, 1, sizeof tag, out_) == sizeof tag &&
+           std::fseek(out_, end, SEEK_SET) == 0;
+  }
+
+  std::FILE* out_ = nullptr;
   std::string path_;
+  bool failed_ = false;
+  std::vector<l5::Variable> variables_;
+  bool swapped_ = false;
+  bool reading_ = false;
 };
 
 void orfFileCloser::operator()(orfFile* file) const { std::default_delete<orfFile>()(file); }
 
-namespace {
-
-// matio reports problems of damaged files on standard error; the callers
-// here answer with a null result instead, so its messages are dropped.
-void quietMatioLog(int, char*) {}
-
-void initMatioLog() {
-  static std::once_flag once;
-  std::call_once(once, [] { Mat_LogInitFunc("tempogauge", &quietMatioLog); });
-}
-
-constexpr const char* kHeaderText = "tempogauge trace file (level 5 data file)";
-
-}  // namespace
-
 orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
-  initMatioLog();
   const std::string path(name);
   if (path.empty()) return nullptr;
   if (mode == "r") {
-    if (!tgLevel5FileIsSound(path)) return nullptr;
-    mat_t* mat = Mat_Open(path.c_str(), MAT_ACC_RDONLY);
-    if (!mat) return nullptr;
-    if (Mat_GetVersion(mat) != MAT_FT_MAT5) {
-      Mat_Close(mat);
-      return nullptr;
-    }
-    return orfFilePtr(new orfFile(mat, false, path));
+    std::vector<l5::Variable> variables;
+    bool swapped = false;
+    if (!l5::readFile(path, variables, swapped)) return nullptr;
+    return orfFilePtr(new orfFile(std::move(variables), swapped));
   }
   if (mode == "w") {
-    mat_t* mat = Mat_CreateVer(path.c_str(), kHeaderText, MAT_FT_MAT5);
-    if (!mat) return nullptr;
-    return orfFilePtr(new orfFile(mat, true, path));
+    std::FILE* out = std::fopen(path.c_str(), "wb");
+    if (!out) return nullptr;
+    orfFilePtr file(new orfFile(out, path));
+    if (!file->writeHeader()) return nullptr;
+    return file;
   }
   return nullptr;
 }
 
 int orfPutVariable(orfFile* file, std::string_view name, const oxArray* array) {
-  if (!file || !file->mat() || !file->writable() || !array || name.empty()) return -1;
-  MatVariablePtr variable = tgArrayToMatVariable(name, array);
-  if (!variable || file->failed) return -1;
-  if (Mat_VarWrite(file->mat(), variable.get(), MAT_COMPRESSION_ZLIB) != 0) {
-    file->failed = true;
-    return -1;
-  }
-  // The library flushes a compressed variable when it has written it, but
-  // does not report a failed write: the file must now end with this variable.
-  std::size_t count = 0;
-  if (!tgLevel5ElementCount(file->path(), count) || count != ++file->written) {
-    file->failed = true;
-    return -1;
-  }
-  return 0;
+  if (!file || !array || name.empty()) return -1;
+  return file->put(name, array);
 }
 
 oxArrayPtr orfGetVariable(orfFile* file, std::string_view name) {
-  if (!file || !file->mat() || file->writable() || name.empty()) return nullptr;
-  const std::string n(name);
-  MatVariablePtr variable(Mat_VarRead(file->mat(), n.c_str()));
-  return tgMatVariableToArray(variable.get());
+  if (!file || name.empty()) return nullptr;
+  return file->get(name);
 }
 
 int orfClose(orfFilePtr& file) {
   if (!file) return -1;
-  const bool failedBefore = file->failed;
   const int status = file->close();
   file.reset();
-  return status != 0 || failedBefore ? -1 : 0;
+  return status;
 }

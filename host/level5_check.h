@@ -1,20 +1,33 @@
-// A structural check of level-5 data files, made before the file library
-// reads them. A damaged file can claim more elements, fields or nesting than
-// its bytes hold, and reading such a claim can take unbounded time and memory;
-// a file that passes has every count backed by the bytes that carry it.
+// Reading and checking whole level-5 data files. A damaged file can claim
+// more elements, fields or nesting than its bytes hold; such a file is
+// refused as a whole, so that no reader spends unbounded time or memory on
+// it and no variable comes back half-read.
 #pragma once
 
-#include <cstddef>
 #include <string>
+#include <vector>
 
-// True when `path` is a level-5 data file whose variables (compressed or not)
-// all lie wholly inside the file and are consistent: every array's element
-// count fits its data, every cell and field is a complete element, and arrays
-// nest at most 64 deep.
+#include "host/level5_elements.h"
+
+namespace tg::level5 {
+
+// One variable of a file: its name and its array element (tag and content),
+// inflated when it was stored compressed.
+struct Variable {
+  std::string name;
+  Bytes element;
+};
+
+// Reads `path`: true when it is a level-5 data file whose variables all lie
+// wholly inside the file, inflate cleanly, and are consistent (every array's
+// element count fits its data, every cell and field is a complete element,
+// arrays nest at most kMaxDepth deep).
+bool readFile(const std::string& path, std::vector<Variable>& variables, bool& swapped);
+
+// Checks the array whose miMATRIX content is [at, end).
+bool checkArray(const Reader& r, std::uint64_t at, std::uint64_t end, int depth);
+
+}  // namespace tg::level5
+
+// True when readFile accepts `path`.
 bool tgLevel5FileIsSound(const std::string& path);
-
-// Walks only the top-level elements of a level-5 file: true when the file
-// ends exactly where its last element ends, with `count` set to the number
-// of elements. Used after each write, as the file library does not report
-// failed writes (a full disk, a size limit) itself.
-bool tgLevel5ElementCount(const std::string& path, std::size_t& count);
