@@ -3,6 +3,8 @@
 // member path and arguments it calls that member directly, which is how the
 // generated class file forwards its static methods:
 //   GaugeKit("Tracer.enable", "g", true)
+// Its first call also makes the name GaugeKit resolve to a package-like
+// function object (package_function.h), which later calls go through.
 #include <octave/interpreter.h>
 #include <octave/oct.h>
 
@@ -12,6 +14,7 @@
 #include "host/host_bridge.h"
 #include "octave/member_call.h"
 #include "octave/octave_bridge.h"
+#include "octave/package_function.h"
 #include "octave/package_ref.h"
 #include "collect/module_entry.h"
 
@@ -43,11 +46,9 @@ DEFUN_DLD(GaugeKit, args, nargout,
           "List them with @code{methods (\"GaugeKit.Tracer\")}.\n"
           "@end deftypefn") {
   attachOnce();
+  // From now on the name resolves to the package-like function object; this
+  // call (the first, or the first after a "clear") is answered here.
+  tg::octave_adapter::PackageFunction::install();
   if (args.length() == 0) return ovl(tg::octave_adapter::PackageRef::instance());
-  if (!args(0).is_string()) error("GaugeKit: the first argument names a member, such as \"Tracer.enable\"");
-  const std::string path = args(0).string_value();
-  const std::size_t dot = path.find('.');
-  const std::string className = dot == std::string::npos ? std::string() : path.substr(0, dot);
-  const std::string member = dot == std::string::npos ? path : path.substr(dot + 1);
-  return tg::octave_adapter::callPackageMember(className, member, args.slice(1, args.length() - 1), nargout);
+  return tg::octave_adapter::callMemberPath(args, nargout);
 }

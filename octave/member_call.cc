@@ -58,4 +58,14 @@ octave_value_list callPackageMember(std::string_view className, std::string_view
   error_with_id(errorId.c_str(), "%s", errorText.c_str());
 }
 
+octave_value_list callMemberPath(const octave_value_list& args, int nargout) {
+  if (args.length() == 0 || !args(0).is_string())
+    error("GaugeKit: the first argument names a member, such as \"Tracer.enable\"");
+  const std::string path = args(0).string_value();
+  const std::size_t dot = path.find('.');
+  const std::string className = dot == std::string::npos ? std::string() : path.substr(0, dot);
+  const std::string member = dot == std::string::npos ? path : path.substr(dot + 1);
+  return callPackageMember(className, member, args.slice(1, args.length() - 1), nargout);
+}
+
 }  // namespace tg::octave_adapter

@@ -15,4 +15,8 @@ namespace tg::octave_adapter {
 octave_value_list callPackageMember(std::string_view className, std::string_view memberName,
                                     const octave_value_list& args, int nargout);
 
+// The function GaugeKit called with arguments: the first names the member
+// ("Tracer.enable", or a package function's name), the rest are its inputs.
+octave_value_list callMemberPath(const octave_value_list& args, int nargout);
+
 }  // namespace tg::octave_adapter

@@ -1,24 +1,11 @@
 // Indexing of the GaugeKit value: member name chains and call arguments.
 #include "octave/package_ref.h"
 
-#include <string>
-
-#include "octave/member_call.h"
-#include "scripting/gaugekit_package.h"
+#include "octave/member_index.h"
 
 namespace tg::octave_adapter {
 
 DEFINE_OV_TYPEID_FUNCTIONS_AND_DATA(PackageRef, "GaugeKit package", "GaugeKit");
-
-namespace {
-
-std::string fieldName(const octave_value_list& index) {
-  if (index.length() != 1 || !index(0).is_string()) error("GaugeKit: invalid member name");
-  const charNDArray chars = index(0).char_array_value();
-  return std::string(chars.data(), static_cast<std::size_t>(chars.numel()));
-}
-
-}  // namespace
 
 void PackageRef::print(std::ostream& os, bool pr_as_read_syntax) {
   print_raw(os, pr_as_read_syntax);
@@ -34,31 +21,7 @@ octave_value PackageRef::subsref(const std::string& type, const std::list<octave
 
 octave_value_list PackageRef::subsref(const std::string& type, const std::list<octave_value_list>& idx,
                                       int nargout) {
-  // Forms: .Tracer.<method>[(args)]... and .<function>[(args)]...
-  if (type.empty() || type[0] != '.') error("GaugeKit: a package is indexed with '.'");
-  auto it = idx.begin();
-  std::string className;
-  std::string member = fieldName(*it++);
-  std::size_t used = 1;
-  if (member == kTracerClassName) {
-    if (type.size() < 2 || type[1] != '.')
-      error("GaugeKit.Tracer is a class of static methods: call GaugeKit.Tracer.<method>(...)");
-    className = member;
-    member = fieldName(*it++);
-    used = 2;
-  }
-  static const octave_value_list noArgs;
-  const octave_value_list* args = &noArgs;
-  if (used < type.size() && type[used] == '(') {
-    args = &*it++;
-    ++used;
-  }
-  octave_value_list results = callPackageMember(className, member, *args, used < type.size() ? 1 : nargout);
-  if (used < type.size()) {
-    if (results.length() == 0) error("GaugeKit: %s returned nothing to index", member.c_str());
-    return results(0).next_subsref(nargout, type, idx, used);
-  }
-  return results;
+  return indexMembers("", type, idx, 0, nargout);
 }
 
 octave_value PackageRef::instance() {

@@ -44,6 +44,25 @@
 %! GaugeKit.cwsvStringTableDisableGarbageCollection ();
 %! GaugeKit.cwsvStringTableEnableGarbageCollection ();
 
+## Function handles to methods and package functions, and a method called
+## without parentheses.
+%!test
+%! ## In a fresh Octave, a handle made before any other use works too.
+%! build = fileparts (file_in_loadpath ("GaugeKit.oct"));
+%! [status, out] = system (sprintf ("octave-cli --norc --quiet --eval %s 2>&1",
+%!   ["\"addpath ('" build "'); f = @GaugeKit.Tracer.enable; disp (f ('OctFirst', true))\""]));
+%! assert (status, 0, out);
+%! assert (strtrim (strsplit (out, "\n"){1}), "1");
+%!test
+%! enable = @GaugeKit.Tracer.enable;
+%! assert (enable ("OctHandle", true), true);
+%! assert (cellfun (@GaugeKit.Tracer.enable, {"OctHandle", "OctHandleOff"}), [true false]);
+%! collect = @GaugeKit.cwsvStringTableDoGarbageCollection;
+%! collect ();
+%! raw = GaugeKit.Tracer.getRawData;
+%! assert (iscell (raw));
+%! assert (class (GaugeKit), "GaugeKit");
+
 ## The class system checks the counts of fixed signatures before a handler runs.
 %!test expect_error ("objsys:NotEnoughInputs", "logORRERYData", @() GaugeKit.Tracer.logORRERYData ("g", "p"));
 %!test expect_error ("objsys:TooManyInputs", "getRawData", @() GaugeKit.Tracer.getRawData (1));

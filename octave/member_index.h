@@ -1,0 +1,23 @@
+// Indexing that reaches the members of GaugeKit: the chain of indices after
+// the package (".Tracer.<method>(args)..." or ".<function>(args)...") or
+// after the class (".<method>(args)..."), as Octave hands it to subsref.
+#pragma once
+
+#include <octave/oct.h>
+
+#include <list>
+#include <string>
+
+namespace tg::octave_adapter {
+
+// Applies the indices of `type` and `idx` from position `from` on, below
+// the class `className` ("Tracer") or, when it is empty, below the package.
+// Calls the member named by the first index with the arguments of a
+// following "(" and applies any further indices to its result.
+octave_value_list indexMembers(const std::string& className, const std::string& type,
+                               const std::list<octave_value_list>& idx, std::size_t from, int nargout);
+
+// The name a "." index carries.
+std::string memberName(const octave_value_list& index);
+
+}  // namespace tg::octave_adapter
