@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "collect/module_entry.h"
+#include "collect/tempo_gauge.h"
 #include "host/host_bridge.h"
 #include "scripting/tracer_methods.h"
 
@@ -76,6 +77,10 @@ void TempoGaugeOBSClassInfo::loadMethods(objsys::OBSMethodList& m) {
   // Script name and class name differ on purpose; the method is hidden.
   addMethod<TempoGauge_debugEnableDiagnosticDetails>(m, this, "setUseDetailedExceptionDiagnostics", 1, false, 1);
 }
+
+std::unique_ptr<TempoGauge> TempoGaugeOBSClassInfo::createInstance() const { return std::make_unique<TempoGauge>(); }
+
+void TempoGaugeOBSClassInfo::destroyInstance(std::unique_ptr<TempoGauge> instance) const { instance.reset(); }
 
 TempoGaugeOBSPackageFunction::TempoGaugeOBSPackageFunction(const char* name, Target target)
     : FunctionInfo(name, objsys::factory::MethodAttributes{}), target_(target) {

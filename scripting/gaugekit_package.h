@@ -2,9 +2,12 @@
 // and the module's registration entry points.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "scripting/objsys.h"
+
+class TempoGauge;
 
 inline constexpr const char* kGaugeKitPackageName = "GaugeKit";
 inline constexpr const char* kTracerClassName = "Tracer";
@@ -26,6 +29,11 @@ class TempoGaugeOBSClassInfo : public objsys::OBSClassInfo {
   // Adds the 25 method infos in registration order.
   void loadMethods(objsys::OBSMethodList& methods) override;
   bool flag() const { return flag_; }
+  // An instance of the class: a tracer object with every member empty. No
+  // method needs one (all are static); the class system may ask for it.
+  std::unique_ptr<TempoGauge> createInstance() const;
+  // Destroys such an object; null is ignored.
+  void destroyInstance(std::unique_ptr<TempoGauge> instance) const;
 
  private:
   std::string shortName_;

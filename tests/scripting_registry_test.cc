@@ -2,6 +2,7 @@
 // order, and how registration and the class system's call checks behave.
 #include <gtest/gtest.h>
 
+#include "collect/tempo_gauge.h"
 #include "scripting/tracer_methods.h"
 #include "scripting_call.h"
 
@@ -68,6 +69,20 @@ TEST(ScriptingRegistry, TracerDeclaresTheMethodTableInRegistrationOrder) {
   }
   // The hidden method's class is not named after its script name.
   EXPECT_NE(dynamic_cast<const TempoGauge_debugEnableDiagnosticDetails*>(methods.back().get()), nullptr);
+}
+
+TEST(ScriptingRegistry, ClassInstancesAreEmptyTracerObjectsApartFromTheStore) {
+  ORInitialize_tempogauge();
+  const auto& info = dynamic_cast<const TempoGaugeOBSClassInfo&>(tgTracerClass()->info());
+  EXPECT_TRUE(info.flag());
+  std::unique_ptr<TempoGauge> instance = info.createInstance();
+  ASSERT_NE(instance, nullptr);
+  EXPECT_NE(instance.get(), TempoGauge::instance());
+  EXPECT_EQ(instance->rawData, nullptr);
+  EXPECT_EQ(instance->phaseTable, nullptr);
+  EXPECT_FALSE(instance->globalLoggingEnabled);
+  info.destroyInstance(std::move(instance));
+  info.destroyInstance(nullptr);
 }
 
 TEST(ScriptingRegistry, ListingShowsTheVisibleMethodsAndHiddenOneStaysCallable) {
