@@ -106,9 +106,12 @@ bool checkArray(const Reader& r, std::uint64_t at, std::uint64_t end, int depth)
       if (!r.element(cursor, end, length) || length.type != miINT32 || length.bytes != 4) return false;
       const std::uint64_t nameLength = r.word(length.dataAt);
       if (!r.element(length.next, end, names) || names.type != miINT8) return false;
-      if (nameLength == 0) return names.bytes == 0;
-      if (names.bytes % nameLength != 0) return false;
-      const std::uint64_t fields = names.bytes / nameLength;
+      if (nameLength == 0 && names.bytes != 0) return false;
+      if (nameLength != 0 && names.bytes % nameLength != 0) return false;
+      const std::uint64_t fields = nameLength == 0 ? 0 : names.bytes / nameLength;
+      // Elements without fields take no bytes; a count beyond the element's
+      // own size only comes from a damaged file.
+      if (fields == 0) return head.count <= end - at;
       if (fields != 0 && head.count > std::numeric_limits<std::uint64_t>::max() / fields) return false;
       return checkChildren(r, names.next, end, head.count * fields, depth);
     }

@@ -118,7 +118,7 @@ class Encoder {
     std::string names(fields.size() * static_cast<std::size_t>(nameLength), '\0');
     for (std::size_t f = 0; f < fields.size(); ++f) fields[f].copy(names.data() + f * nameLength, fields[f].size());
     element(miINT8, names.data(), names.size());
-    for (std::size_t e = 0; e < a.numel(); ++e)
+    for (std::size_t e = 0; !fields.empty() && e < a.numel(); ++e)
       for (std::size_t f = 0; f < fields.size(); ++f)
         if (!child(a.get_struct_field_by_number(e, static_cast<int>(f)), depth)) return false;
     return true;
@@ -165,7 +165,8 @@ std::size_t arraySize(std::string_view name, const oxArray* a) {
       std::size_t longest = 0;
       for (const auto& f : a->fieldNames()) longest = std::max(longest, f.size());
       std::size_t total = head + 8 + elementSize(a->fieldNames().size() * (longest + 1));
-      for (std::size_t e = 0; e < a->numel(); ++e)
+      // A struct without fields has no values, however many elements.
+      for (std::size_t e = 0; !a->fieldNames().empty() && e < a->numel(); ++e)
         for (std::size_t f = 0; f < a->fieldNames().size(); ++f)
           total += arraySize("", a->get_struct_field_by_number(e, static_cast<int>(f)));
       return total;

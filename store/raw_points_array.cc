@@ -21,8 +21,9 @@ void cellArrayToRawPoints(const oxArray* array, RawPointVector& points) {
   cellCursor cursor;
   for (std::size_t round = 0; round < count; ++round) {
     const oxArray* row = oxGetCell(array, oxCalcSingleSubscript(array, {cursor.row, cursor.column}));
-    // A null element is met again in every later round: nothing after it is read.
-    if (!row) continue;
+    // A null element does not move the cursor, so every later round meets it
+    // again and reads nothing: the reading ends here.
+    if (!row) break;
     RawPointPtr point;
     switch (oxGetNumberOfElements(row)) {
       case 18: point = std::make_shared<TGCWGENDataPoint>(row); break;

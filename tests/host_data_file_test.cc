@@ -214,6 +214,25 @@ TEST_F(DataFile, MissingEmptyAndUnwritableFilesDoNotOpen) {
   EXPECT_FALSE(orfOpen(path("text.orf"), "r"));
 }
 
+TEST_F(DataFile, FieldlessStructsClaimingHugeCountsAreRefused) {
+  // Such a struct takes no bytes per element; readers that walk its
+  // elements would run for ever.
+  const std::string file = path("fieldless.orf");
+  auto out = orfOpen(file, "w");
+  ASSERT_EQ(orfPutVariable(out.get(), "S", oxCreateStructArray(1u << 30, 1u << 30, {}).get()), 0);
+  ASSERT_EQ(orfClose(out), 0);
+  EXPECT_FALSE(orfOpen(file, "r"));
+  // A small one is an ordinary value.
+  out = orfOpen(file, "w");
+  ASSERT_EQ(orfPutVariable(out.get(), "S", oxCreateStructArray(1, 3, {}).get()), 0);
+  ASSERT_EQ(orfClose(out), 0);
+  auto in = orfOpen(file, "r");
+  ASSERT_TRUE(in);
+  const auto back = orfGetVariable(in.get(), "S");
+  ASSERT_TRUE(oxIsStruct(back.get()));
+  EXPECT_EQ(back->numel(), 3u);
+}
+
 TEST_F(DataFile, TruncatedFilesEndCleanly) {
   const std::string file = writeSample("full.orf");
   const auto bytes = bytesOf(file);

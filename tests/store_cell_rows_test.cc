@@ -303,8 +303,10 @@ TEST_F(CellRows, NullOrEmptyArraysLeaveTheOutputAsItWas) {
   cellArrayToRawPoints(oxCreateCellMatrix(1, 0).get(), points);
   cellArrayToRawPoints(oxCreateCellMatrix(0, 0).get(), points);
   EXPECT_EQ(points.size(), 1u);
-  // An array that is not a cell array has no elements to read.
+  // An array that is not a cell array has no rows to read, however many
+  // elements it has.
   cellArrayToRawPoints(oxCreateDoubleScalar(3).get(), points);
+  cellArrayToRawPoints(oxCreateStructArray(1u << 31, 1u << 31, {}).get(), points);
   EXPECT_EQ(points.size(), 1u);
 }
 
