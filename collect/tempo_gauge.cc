@@ -79,7 +79,10 @@ std::int32_t TempoGauge::findId(std::uint32_t kind, std::string_view name) const
 std::int32_t TempoGauge::findIdUnlocked(std::uint32_t kind, std::string_view name) const {
   const NameTable* t = table(kind);
   if (!t) return -1;
-  const auto it = t->left.find(std::string(name));
+  // The table's lookups take a std::string: reuse one buffer rather than
+  // allocate a key per lookup (callers hold the mutex).
+  lookupKey_.assign(name);
+  const auto it = t->left.find(lookupKey_);
   return it == t->left.end() ? -1 : it->second;
 }
 
@@ -91,11 +94,11 @@ std::int32_t TempoGauge::lookupId(std::uint32_t kind, std::string_view name, boo
 std::int32_t TempoGauge::internId(std::uint32_t kind, std::string_view name) {
   NameTable* t = table(kind);
   if (!t) return -1;
-  std::string key(name);
-  if (const auto it = t->left.find(key); it != t->left.end()) return it->second;
+  lookupKey_.assign(name);
+  if (const auto it = t->left.find(lookupKey_); it != t->left.end()) return it->second;
   // Ids are dense: a new name gets the table's entry count.
   const auto id = static_cast<std::int32_t>(t->size());
-  t->insert(NameTable::value_type(std::move(key), id));
+  t->insert(NameTable::value_type(lookupKey_, id));
   return id;
 }
 

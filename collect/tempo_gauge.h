@@ -116,6 +116,7 @@ class TempoGauge {
   std::vector<std::string>& makeChildrenEntry(std::int32_t id, std::int32_t state);
 
   mutable std::recursive_mutex mutex_;
+  mutable std::string lookupKey_;  // key buffer of the name lookups, under the mutex
   // Names of the groupings that have been switched, for the lock-free gate.
   std::unique_ptr<GroupingNameIndex> switchedGroupingNames_;
 };
