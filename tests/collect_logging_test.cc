@@ -1,5 +1,7 @@
 // Logging: the gate, the points each export stores, and several threads at once.
 #include <atomic>
+#include <chrono>
+#include <future>
 #include <thread>
 
 #include "collect_store_reset.h"
@@ -158,6 +160,37 @@ TEST_F(LoggingTest, DetailedSwitchFillsTheDetailedRecord) {
   EXPECT_EQ(on.nonprocessMem, static_cast<double>(0xFFFFFFFFull - 0x7fffffffffffull + 1));
   const auto& off = *rawAt(1)->detailedMemStats;
   EXPECT_EQ(off.commitMem + off.freeMem + off.resMem + off.dllsMem + off.nonprocessMem, 0.0);
+}
+
+// The gate takes no lock: while another thread holds the store's mutex, calls
+// whose grouping is off still answer at once.
+TEST_F(LoggingTest, DisabledCallsDoNotWaitForTheStoresLock) {
+  const std::string off = unique("Off");
+  const std::int32_t offId = tgAddGrouping(off);
+  tgEnableTracer(unique("On"), true);  // so the name form has to look its name up
+  std::promise<void> locked;
+  std::promise<void> release;
+  std::thread holder([&] {
+    std::lock_guard lock(store().mutex());
+    locked.set_value();
+    release.get_future().wait();
+  });
+  locked.get_future().wait();
+  auto calls = std::async(std::launch::async, [&] {
+    bool any = false;
+    for (int i = 0; i < 1000; ++i) {
+      any |= tgLogORRERYData(offId, "p", true);
+      any |= tgLogORRERYData(off, "p", true);
+      any |= tgLogCogwheelData(off, "m", "t", "p", true);
+      any |= tgIsTracerEnabled(off) || tgIsTracerEnabled(offId);
+    }
+    return any;
+  });
+  const bool answered = calls.wait_for(std::chrono::seconds(5)) == std::future_status::ready;
+  release.set_value();
+  holder.join();
+  EXPECT_TRUE(answered);
+  EXPECT_FALSE(calls.get());
 }
 
 // Several threads log at once, by name and by id, while another thread keeps

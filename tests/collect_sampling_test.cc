@@ -1,6 +1,7 @@
 // Sampling: the clocks, the process counters and the address-space walk.
 #include <gtest/gtest.h>
 #include <sys/mman.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -11,6 +12,7 @@
 #include "collect/address_space_scanner.h"
 #include "host/clock.h"
 #include "host/process_memory.h"
+#include "tempogauge/tempogauge.h"
 
 namespace {
 
@@ -108,6 +110,44 @@ TEST(Sampling, WalkSortsMappingsByAccess) {
   EXPECT_LT(scanner.commitBytes, first.commitBytes + 200 * kMiB);
   EXPECT_LE(scanner.freeBytes, first.freeBytes - 384 * kMiB);
   EXPECT_EQ(scanner.commitBytes + scanner.reservedBytes + scanner.freeBytes + scanner.moduleBytes, kUserSpace);
+}
+
+// Where nothing can be read (no file may be opened), a point is still stored:
+// its basic record stays zero-filled and the walk's sums are zero, apart from
+// the constant space above the user range.
+TEST(Sampling, UnreadableCountersLeaveZeroFiguresAndStillStore) {
+  tg::host::ProcessCounters parent;
+  ASSERT_TRUE(tg::host::readProcessCounters(parent));  // the file is open in the parent
+  const pid_t child = ::fork();
+  ASSERT_NE(child, -1);
+  if (child == 0) {
+    const rlimit none{0, 0};
+    if (::setrlimit(RLIMIT_NOFILE, &none) != 0) ::_exit(10);
+    AddressSpaceScanner scanner;
+    scanner.scan();
+    if (scanner.regionCount != 0 || scanner.commitBytes + scanner.freeBytes + scanner.moduleBytes +
+                                            scanner.reservedBytes + scanner.privateBytes !=
+                                        0)
+      ::_exit(11);
+    tg::host::ProcessCounters counters;
+    if (tg::host::readProcessCounters(counters)) ::_exit(12);
+    tgEnableGlobalLogging(true);
+    tgEnableDetailedMemStats(true);
+    tgClearRawData();
+    if (!tgLogORRERYData(std::string("Sampling.Unreadable"), "p", true)) ::_exit(13);
+    const RawPointPtr point = TempoGauge::instance()->rawData->back();
+    const auto& basic = *point->basicMemStats;
+    const auto& detailed = *point->detailedMemStats;
+    if (basic.procMemUsage + basic.procMemUsagePeak + basic.procVMSize != 0.0) ::_exit(14);
+    if (detailed.commitMem + detailed.resMem + detailed.freeMem + detailed.dllsMem != 0.0) ::_exit(15);
+    if (detailed.nonprocessMem != static_cast<double>(scanner.nonProcessBytes)) ::_exit(16);
+    if (point->wallTime <= 0.0) ::_exit(17);
+    ::_exit(0);
+  }
+  int status = 0;
+  ASSERT_EQ(::waitpid(child, &status, 0), child);
+  ASSERT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 // Both ways of listing the mappings see the same list. The lists are taken
