@@ -1,13 +1,28 @@
 #include "collect/paths.h"
 
 #include <algorithm>
+#include <atomic>
+#include <deque>
+#include <mutex>
 
 namespace {
 
-std::string& rootPath() {
-  static std::string root;
-  return root;
+// The host root may be set by one thread while another cleans names: each
+// root text ever set is kept (they are few: one per distinct root) and the
+// current one is published through an atomic pointer, so a reader's
+// reference stays valid whatever is set after it.
+struct RootPaths {
+  std::mutex setting;
+  std::deque<std::string> seen{std::string()};
+  std::atomic<const std::string*> current{&seen.front()};
+};
+
+RootPaths& roots() {
+  static RootPaths paths;
+  return paths;
 }
+
+const std::string& rootPath() { return *roots().current.load(std::memory_order_acquire); }
 
 void eraseFirstIfLonger(std::string& text, std::string_view marker) {
   if (text.size() <= marker.size()) return;
@@ -41,6 +56,14 @@ std::string cleanPhaseName(std::string_view phaseName, bool stripCustomization) 
   return name;
 }
 
-void hostRootPathSet(std::string_view path) { rootPath() = tgNormalizePath(path); }
+void hostRootPathSet(std::string_view path) {
+  const std::string normalized = tgNormalizePath(path);
+  RootPaths& paths = roots();
+  std::lock_guard lock(paths.setting);
+  // Growing a deque at its end leaves its elements where they are.
+  const auto known = std::find(paths.seen.begin(), paths.seen.end(), normalized);
+  const std::string& root = known != paths.seen.end() ? *known : paths.seen.emplace_back(normalized);
+  paths.current.store(&root, std::memory_order_release);
+}
 
 const std::string& hostRootPath() { return rootPath(); }

@@ -1,7 +1,9 @@
 // Phase-name cleaning, path helpers and number text.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <string>
+#include <thread>
 
 #include "host/host_print.h"
 #include "tempogauge/tempogauge.h"
@@ -47,6 +49,24 @@ TEST_F(PathTest, CustomizationMarkersGoOnlyWhenStripping) {
   EXPECT_EQ(cleanPhaseName("a/cw_customizationX", true), "aX");
   // Only the first occurrence of each marker goes.
   EXPECT_EQ(cleanPhaseName("a/cw_customization/cw_customization", true), "a/cw_customization");
+}
+
+// Setting the root while other threads clean names gives each of them one
+// whole root or the other, never a torn one.
+TEST_F(PathTest, RootCanChangeWhileNamesAreCleaned) {
+  std::atomic<bool> stop{false};
+  std::thread setter([&] {
+    for (int i = 0; !stop.load(); ++i) hostRootPathSet(i % 2 ? "/first/root" : "/second/root/longer");
+  });
+  bool whole = true;
+  for (int i = 0; i < 20000 && whole; ++i) {
+    const std::string a = cleanPhaseName("/first/root/a.m", false);
+    const std::string b = cleanPhaseName("/second/root/longer/b.m", false);
+    whole = (a == "a.m" || a == "first/root/a.m") && (b == "b.m" || b == "second/root/longer/b.m");
+  }
+  stop = true;
+  setter.join();
+  EXPECT_TRUE(whole);
 }
 
 TEST(NumberText, DoubleToUStringCutsWithoutRounding) {
