@@ -36,20 +36,6 @@ TEST_F(StoreTest, UnknownKindsAnswerWithoutCreating) {
   for (std::uint32_t kind = 0; kind < tg::kNameKindCount; ++kind) EXPECT_NE(store().table(kind), nullptr);
 }
 
-TEST_F(StoreTest, ReverseLookupsReadTheirOwnTable) {
-  tgGetId(tg::kStatisticsTypeKind, "stat");
-  tgGetId(tg::kTargetKind, "tgt");
-  tgGetId(tg::kMachineKind, "mach");
-  tgGetId(tg::kChartKind, "chart");
-  tgGetId(tg::kModelKind, "model");
-  EXPECT_EQ(tgGetStatisticsTypeStr(0), "stat");
-  EXPECT_EQ(tgGetTargetStr(0), "tgt");
-  EXPECT_EQ(tgGetMachineStr(0), "mach");
-  EXPECT_EQ(tgGetChartStr(0), "chart");
-  EXPECT_EQ(tgGetModelStr(0), "model");
-  EXPECT_EQ(tgGetPhaseStr(0), "");
-}
-
 TEST(StoreHandle, ABareHandleHoldsNothingAndAnswersQuietly) {
   TempoGauge handle;
   EXPECT_FALSE(handle.rawData);
@@ -70,11 +56,6 @@ TEST(StoreHandle, ABareHandleHoldsNothingAndAnswersQuietly) {
   ASSERT_TRUE(handle.modelStatisticsTypes);
   EXPECT_EQ(handle.modelStatisticsTypes->at("m"), "t");
   EXPECT_EQ(handle.addGroupingLeaf("x"), -1);  // no table to name it in
-}
-
-TEST(StoreHandle, TheStoreIsOneObject) {
-  EXPECT_EQ(TempoGauge::instance(), TempoGauge::instance());
-  EXPECT_EQ((*TempoGauge::instance()->groupingStates).size() >= tg::kInitialGroupingStates, true);
 }
 
 // Counts registrations and passes them on to whatever registrar was there.

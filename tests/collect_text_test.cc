@@ -5,7 +5,6 @@
 #include <string>
 #include <thread>
 
-#include "host/host_print.h"
 #include "tempogauge/tempogauge.h"
 
 namespace {
@@ -86,20 +85,6 @@ TEST(NumberText, IntToUStringAndFormatDouble) {
   EXPECT_EQ(tgFormatDouble(1234567.0, 3), "1.23e+06");
   EXPECT_EQ(tgFormatDouble(0.5, 0), "0.5");
   EXPECT_EQ(tgFormatDouble(1.0 / 3.0, 40), "0.333333333333333");
-}
-
-TEST(NumberText, StopwatchMeasuresAndPrints) {
-  std::string printed;
-  tgSetHostPrinter([&](std::string_view text) { printed += text; });
-  const auto start = tgStopwatchStart();
-  double seconds = -1.0;
-  tgStopwatchElapsed(start, &seconds, true);
-  tgSetHostPrinter(nullptr);
-  EXPECT_GE(seconds, 0.0);
-  EXPECT_LT(seconds, 1.0);
-  EXPECT_EQ(printed.rfind("Elapsed Time : ", 0), 0u);
-  EXPECT_EQ(printed.back(), '\n');
-  EXPECT_NE(printed.find(" s\n"), std::string::npos);
 }
 
 }  // namespace
