@@ -1,6 +1,6 @@
 #include <mutex>
 
-#include "analysis/escape.h"
+#include "collect/text_escape.h"
 #include "analysis/report_data.h"
 #include "analysis/report_data_text.h"
 #include "collect/constants.h"

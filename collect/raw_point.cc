@@ -4,18 +4,22 @@
 #include "collect/number_text.h"
 #include "collect/paths.h"
 #include "collect/tempo_gauge.h"
+#include "collect/text_escape.h"
 
 namespace {
 
 constexpr const char* kCellOpen = "                <td>";
 constexpr const char* kCellClose = "</td>\n";
 
-std::string textCell(const std::string& text) { return kCellOpen + text + kCellClose; }
+std::string textCell(std::string_view text) { return kCellOpen + std::string(text) + kCellClose; }
+
+// Names come from users: a cell holds them as text, never as markup.
+std::string nameCell(std::string_view name) { return kCellOpen + escapeHtml(name) + kCellClose; }
 
 // A missing id is the all-ones value; any other id prints its name.
 std::string optionalNameCell(std::uint32_t kind, std::int32_t id) {
   if (static_cast<std::uint32_t>(id) == 0xFFFFFFFFu) return textCell("&nbsp;");
-  return textCell(tgGetNameStr(kind, id));
+  return nameCell(tgGetNameStr(kind, id));
 }
 
 }  // namespace
@@ -76,7 +80,7 @@ std::string TGORRERYDataPoint::writeStatsCells() const {
 std::string TGORRERYDataPoint::writeBlankCell() const { return "                <td>&nbsp;</td>\n"; }
 
 std::string TGORRERYDataPoint::writeGroupingCell() const {
-  return textCell(tgGetNameStr(tg::kGroupingKind, groupingId));
+  return nameCell(tgGetNameStr(tg::kGroupingKind, groupingId));
 }
 
 std::string TGORRERYDataPoint::writeStartEndCell() const {
@@ -84,7 +88,7 @@ std::string TGORRERYDataPoint::writeStartEndCell() const {
 }
 
 std::string TGORRERYDataPoint::writePhaseCell() const {
-  return textCell(cleanPhaseName(tgGetNameStr(tg::kPhaseKind, phaseId), false));
+  return nameCell(cleanPhaseName(tgGetNameStr(tg::kPhaseKind, phaseId), false));
 }
 
 std::string TGORRERYDataPoint::writeRowOpen(bool errorRow) const {

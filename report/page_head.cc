@@ -3,7 +3,7 @@
 #include "collect/constants.h"
 #include "analysis/report_data.h"
 #include "report/report_assets.h"
-#include "analysis/escape.h"
+#include "collect/text_escape.h"
 
 namespace {
 // Without a call tree depth the page still carries the first eight indents.

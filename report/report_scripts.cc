@@ -4,7 +4,7 @@
 
 #include "report/document_fragments.h"
 #include "report/report_assets.h"
-#include "analysis/escape.h"
+#include "collect/text_escape.h"
 #include "report/variant_text.h"
 
 void writeSortScript(std::string& out) {

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "analysis/escape.h"
+#include "collect/text_escape.h"
 
 namespace {
 

@@ -60,6 +60,14 @@ TEST(RawPoint, CellWriters) {
   EXPECT_EQ(p.writeRowOpen(true), "            <tr style=\"background:#FF1A00\">\n");
 }
 
+TEST(RawPoint, NamesInCellsAreTextNotMarkup) {
+  TGCWGENDataPoint p;
+  p.phaseId = tgGetId(tg::kPhaseKind, "a<b>&\"c\"");
+  p.modelId = tgGetId(tg::kModelKind, "plain model_1.x/y-z");
+  EXPECT_EQ(p.writePhaseCell(), "                <td>a&lt;b&gt;&amp;&quot;c&quot;</td>\n");
+  EXPECT_EQ(p.writeModelCell(), "                <td>plain model_1.x/y-z</td>\n");
+}
+
 TEST(RawPoint, LoomchartRowOnlyInWidestMode) {
   const TGLoomchartDataPoint p;
   const auto info = std::make_shared<const ErrorInfo>(false);

@@ -1,7 +1,7 @@
 // Name arrays of a report and the escaping of user text in them.
 #include <gtest/gtest.h>
 
-#include "analysis/escape.h"
+#include "collect/text_escape.h"
 #include "analysis/report_data.h"
 #include "collect/tempo_gauge.h"
 

@@ -1,4 +1,4 @@
-#include "analysis/escape.h"
+#include "collect/text_escape.h"
 
 void appendScriptString(std::string& out, std::string_view text) {
   out.reserve(out.size() + text.size());
