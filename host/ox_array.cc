@@ -2,86 +2,132 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <type_traits>
 
-oxArray::oxArray(oxClassID cls, std::size_t rows, std::size_t cols)
-    : cls_(cls), rows_(rows), cols_(cols) {
+oxArray::oxArray(oxClassID cls, std::size_t rows, std::size_t cols) : cls_(cls), rows_(rows), cols_(cols) {
   const std::size_t n = rows * cols;
   switch (cls) {
-    case oxDOUBLE_CLASS: real_.assign(n, 0.0); break;
-    case oxINT32_CLASS: i32_.assign(n, 0); break;
-    case oxUINT32_CLASS: u32_.assign(n, 0); break;
-    case oxLOGICAL_CLASS: logical_.assign(n, 0); break;
-    case oxCHAR_CLASS: chars_.assign(n, '\0'); break;
-    case oxCELL_CLASS: slots_.resize(n); break;
-    default: break;  // struct and object slots grow with their fields
+    case oxDOUBLE_CLASS: storage_.emplace<std::vector<double>>(n, 0.0); break;
+    case oxINT32_CLASS: storage_.emplace<std::vector<std::int32_t>>(n, 0); break;
+    case oxUINT32_CLASS: storage_.emplace<std::vector<std::uint32_t>>(n, 0); break;
+    case oxLOGICAL_CLASS: storage_.emplace<std::vector<std::uint8_t>>(n, 0); break;
+    case oxCHAR_CLASS: storage_.emplace<std::string>(n, '\0'); break;
+    case oxCELL_CLASS: storage_.emplace<std::vector<oxArrayPtr>>(n); break;
+    case oxSTRUCT_CLASS:
+    case oxOBJECT_CLASS: storage_.emplace<std::unique_ptr<Fields>>(std::make_unique<Fields>()); break;
+    default: break;
   }
 }
 
 oxArray::~oxArray() = default;
 
+oxArray::Fields* oxArray::fields() {
+  auto* held = std::get_if<std::unique_ptr<Fields>>(&storage_);
+  return held ? held->get() : nullptr;
+}
+
+const oxArray::Fields* oxArray::fields() const {
+  const auto* held = std::get_if<std::unique_ptr<Fields>>(&storage_);
+  return held ? held->get() : nullptr;
+}
+
 const oxArray* oxArray::cell(std::size_t index) const {
-  if (cls_ != oxCELL_CLASS || index >= slots_.size()) return nullptr;
-  return slots_[index].get();
+  const auto* slots = std::get_if<std::vector<oxArrayPtr>>(&storage_);
+  if (!slots || index >= slots->size()) return nullptr;
+  return (*slots)[index].get();
 }
 
 oxArray* oxArray::cell(std::size_t index) {
-  if (cls_ != oxCELL_CLASS || index >= slots_.size()) return nullptr;
-  return slots_[index].get();
+  auto* slots = std::get_if<std::vector<oxArrayPtr>>(&storage_);
+  if (!slots || index >= slots->size()) return nullptr;
+  return (*slots)[index].get();
 }
 
 void oxArray::setCell(std::size_t index, oxArrayPtr value) {
-  if (cls_ != oxCELL_CLASS) throw std::logic_error("oxSetCell on an array that is not a cell array");
-  if (index >= slots_.size()) throw std::out_of_range("oxSetCell index beyond the array");
-  slots_[index] = std::move(value);
+  auto* slots = std::get_if<std::vector<oxArrayPtr>>(&storage_);
+  if (!slots) throw std::logic_error("oxSetCell on an array that is not a cell array");
+  if (index >= slots->size()) throw std::out_of_range("oxSetCell index beyond the array");
+  (*slots)[index] = std::move(value);
+}
+
+const std::vector<std::string>& oxArray::fieldNames() const {
+  static const std::vector<std::string> none;
+  const Fields* f = fields();
+  return f ? f->names : none;
 }
 
 int oxArray::fieldNumber(std::string_view name) const {
-  const auto it = std::find(fields_.begin(), fields_.end(), name);
-  return it == fields_.end() ? -1 : static_cast<int>(it - fields_.begin());
+  const auto& names = fieldNames();
+  const auto it = std::find(names.begin(), names.end(), name);
+  return it == names.end() ? -1 : static_cast<int>(it - names.begin());
 }
 
 int oxArray::addField(std::string_view name) {
+  Fields* f = fields();
+  if (!f) throw std::logic_error("a field added to an array that is not a struct");
   if (const int existing = fieldNumber(name); existing >= 0) return existing;
-  const std::size_t oldCount = fields_.size();
+  const std::size_t oldCount = f->names.size();
   // Values are stored element by element; make room for the new field in each.
   std::vector<oxArrayPtr> grown(numel() * (oldCount + 1));
-  for (std::size_t e = 0; e < numel(); ++e)
-    for (std::size_t f = 0; f < oldCount; ++f)
-      grown[e * (oldCount + 1) + f] = std::move(slots_[e * oldCount + f]);
-  slots_ = std::move(grown);
-  fields_.emplace_back(name);
+  for (std::size_t e = 0; oldCount > 0 && e < numel(); ++e)
+    for (std::size_t k = 0; k < oldCount; ++k) grown[e * (oldCount + 1) + k] = std::move(f->slots[e * oldCount + k]);
+  f->slots = std::move(grown);
+  f->names.emplace_back(name);
   return static_cast<int>(oldCount);
 }
 
 const oxArray* oxArray::get_struct_field_by_number(std::size_t element, int field) const {
-  if ((cls_ != oxSTRUCT_CLASS && cls_ != oxOBJECT_CLASS) || field < 0 ||
-      static_cast<std::size_t>(field) >= fields_.size() || element >= numel())
-    return nullptr;
-  return slots_[element * fields_.size() + static_cast<std::size_t>(field)].get();
+  const Fields* f = fields();
+  if (!f || field < 0 || static_cast<std::size_t>(field) >= f->names.size() || element >= numel()) return nullptr;
+  return f->slots[element * f->names.size() + static_cast<std::size_t>(field)].get();
 }
 
 void oxArray::setFieldByNumber(std::size_t element, int field, oxArrayPtr value) {
-  if (cls_ != oxSTRUCT_CLASS && cls_ != oxOBJECT_CLASS)
-    throw std::logic_error("oxSetFieldByNumber on an array that is not a struct");
-  if (field < 0 || static_cast<std::size_t>(field) >= fields_.size() || element >= numel())
+  Fields* f = fields();
+  if (!f) throw std::logic_error("oxSetFieldByNumber on an array that is not a struct");
+  if (field < 0 || static_cast<std::size_t>(field) >= f->names.size() || element >= numel())
     throw std::out_of_range("oxSetFieldByNumber beyond the struct's fields or elements");
-  slots_[element * fields_.size() + static_cast<std::size_t>(field)] = std::move(value);
+  f->slots[element * f->names.size() + static_cast<std::size_t>(field)] = std::move(value);
+}
+
+const std::string& oxArray::className() const {
+  static const std::string none;
+  const Fields* f = fields();
+  return f ? f->className : none;
+}
+
+void oxArray::setClassName(std::string_view name) {
+  Fields* f = fields();
+  if (!f) throw std::logic_error("a class name given to an array that is not an object");
+  f->className = name;
 }
 
 bool oxArray::is_integer() const { return cls_ == oxINT32_CLASS || cls_ == oxUINT32_CLASS; }
 
 oxArrayPtr oxArray::clone() const {
-  auto copy = std::make_unique<oxArray>(cls_, rows_, cols_);
-  copy->real_ = real_;
-  copy->i32_ = i32_;
-  copy->u32_ = u32_;
-  copy->logical_ = logical_;
-  copy->chars_ = chars_;
-  copy->fields_ = fields_;
-  copy->className_ = className_;
-  copy->slots_.resize(slots_.size());
-  for (std::size_t i = 0; i < slots_.size(); ++i)
-    if (slots_[i]) copy->slots_[i] = slots_[i]->clone();
+  auto copy = std::make_unique<oxArray>(oxUNKNOWN_CLASS, rows_, cols_);
+  copy->cls_ = cls_;
+  std::visit(
+      [&copy](const auto& held) {
+        using T = std::decay_t<decltype(held)>;
+        if constexpr (std::is_same_v<T, std::vector<oxArrayPtr>>) {
+          std::vector<oxArrayPtr> slots(held.size());
+          for (std::size_t i = 0; i < held.size(); ++i)
+            if (held[i]) slots[i] = held[i]->clone();
+          copy->storage_ = std::move(slots);
+        } else if constexpr (std::is_same_v<T, std::unique_ptr<Fields>>) {
+          auto f = std::make_unique<Fields>();
+          f->names = held->names;
+          f->className = held->className;
+          f->slots.resize(held->slots.size());
+          for (std::size_t i = 0; i < held->slots.size(); ++i)
+            if (held->slots[i]) f->slots[i] = held->slots[i]->clone();
+          copy->storage_ = std::move(f);
+        } else {
+          copy->storage_ = held;
+        }
+      },
+      storage_);
   return copy;
 }
 

@@ -8,8 +8,10 @@
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 enum oxClassID : std::int32_t {
@@ -40,17 +42,18 @@ class oxArray {
   std::size_t numel() const { return rows_ * cols_; }
   bool isEmpty() const { return numel() == 0; }
 
-  // Typed storage; only the vector of the array's own class is used.
-  std::vector<double>& doubles() { return real_; }
-  const std::vector<double>& doubles() const { return real_; }
-  std::vector<std::int32_t>& int32s() { return i32_; }
-  const std::vector<std::int32_t>& int32s() const { return i32_; }
-  std::vector<std::uint32_t>& uint32s() { return u32_; }
-  const std::vector<std::uint32_t>& uint32s() const { return u32_; }
-  std::vector<std::uint8_t>& logicals() { return logical_; }
-  const std::vector<std::uint8_t>& logicals() const { return logical_; }
-  std::string& chars() { return chars_; }
-  const std::string& chars() const { return chars_; }
+  // Typed storage of the array's own class. Read access to another class's
+  // storage gives an empty one; write access to it throws std::logic_error.
+  std::vector<double>& doubles() { return mut<std::vector<double>>(); }
+  const std::vector<double>& doubles() const { return get<std::vector<double>>(); }
+  std::vector<std::int32_t>& int32s() { return mut<std::vector<std::int32_t>>(); }
+  const std::vector<std::int32_t>& int32s() const { return get<std::vector<std::int32_t>>(); }
+  std::vector<std::uint32_t>& uint32s() { return mut<std::vector<std::uint32_t>>(); }
+  const std::vector<std::uint32_t>& uint32s() const { return get<std::vector<std::uint32_t>>(); }
+  std::vector<std::uint8_t>& logicals() { return mut<std::vector<std::uint8_t>>(); }
+  const std::vector<std::uint8_t>& logicals() const { return get<std::vector<std::uint8_t>>(); }
+  std::string& chars() { return mut<std::string>(); }
+  const std::string& chars() const { return get<std::string>(); }
 
   // Cell arrays: one element per index; a slot may be empty (null).
   const oxArray* cell(std::size_t index) const;
@@ -58,30 +61,48 @@ class oxArray {
   void setCell(std::size_t index, oxArrayPtr value);
 
   // Struct and object arrays: named fields, one value per element and field.
-  const std::vector<std::string>& fieldNames() const { return fields_; }
+  const std::vector<std::string>& fieldNames() const;
   int fieldNumber(std::string_view name) const;  // -1 when absent
   int addField(std::string_view name);           // number of the (new or old) field
   const oxArray* get_struct_field_by_number(std::size_t element, int field) const;
   void setFieldByNumber(std::size_t element, int field, oxArrayPtr value);
-  const std::string& className() const { return className_; }
-  void setClassName(std::string_view name) { className_ = name; }
+  const std::string& className() const;
+  void setClassName(std::string_view name);
 
   // True for the integer classes (int32, uint32).
   bool is_integer() const;
   oxArrayPtr clone() const;
 
  private:
+  // Fields of struct and object arrays: values element by element, each
+  // element with its fields in order.
+  struct Fields {
+    std::vector<oxArrayPtr> slots;
+    std::vector<std::string> names;
+    std::string className;
+  };
+  using Storage = std::variant<std::monostate, std::vector<double>, std::vector<std::int32_t>,
+                               std::vector<std::uint32_t>, std::vector<std::uint8_t>, std::string,
+                               std::vector<oxArrayPtr>, std::unique_ptr<Fields>>;
+
+  template <class T>
+  T& mut() {
+    if (T* held = std::get_if<T>(&storage_)) return *held;
+    throw std::logic_error("host array accessed as another class");
+  }
+  template <class T>
+  const T& get() const {
+    static const T empty{};
+    const T* held = std::get_if<T>(&storage_);
+    return held ? *held : empty;
+  }
+  Fields* fields();
+  const Fields* fields() const;
+
   oxClassID cls_;
   std::size_t rows_;
   std::size_t cols_;
-  std::vector<double> real_;
-  std::vector<std::int32_t> i32_;
-  std::vector<std::uint32_t> u32_;
-  std::vector<std::uint8_t> logical_;
-  std::string chars_;
-  std::vector<oxArrayPtr> slots_;  // cells, or numel * fields values (element-major)
-  std::vector<std::string> fields_;
-  std::string className_;
+  Storage storage_;
 };
 
 // Creation. Every function returns a new array owned by the caller.
