@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <functional>
 #include <fstream>
 #include <random>
 #include <string>
@@ -173,6 +174,75 @@ TEST_F(DataFile, AnotherImplementationAgreesBothWays) {
   ASSERT_TRUE(back && back->classID() == oxDOUBLE_CLASS);
   EXPECT_EQ(back->doubles(), (std::vector<double>{1.5, -2, 1e300}));
   EXPECT_EQ(oxArrayToStdString(orfGetVariable(in.get(), "text").get()), "\xC3\xA9t\xC3\xA9");
+}
+
+// Builds array elements in the other byte order ("MI" files), uncompressed.
+class BigEndianElements {
+ public:
+  std::vector<char> bytes;
+  void word(std::uint32_t v) {
+    for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<char>(v >> shift));
+  }
+  void element(std::uint32_t type, const std::vector<char>& data) {
+    word(type);
+    word(static_cast<std::uint32_t>(data.size()));
+    bytes.insert(bytes.end(), data.begin(), data.end());
+    while (bytes.size() % 8) bytes.push_back(0);
+  }
+  void smallInt32(std::int32_t v) {
+    word(5u | 4u << 16);
+    word(static_cast<std::uint32_t>(v));
+  }
+  // An array element: tag, flags, 1 by n dimensions, name, then `data`.
+  void array(std::uint32_t cls, std::uint32_t n, const std::string& name, const std::function<void()>& data) {
+    word(14);
+    const std::size_t lengthAt = bytes.size();
+    word(0);
+    const std::size_t start = bytes.size();
+    BigEndianElements part;
+    part.word(cls);
+    part.word(0);
+    element(6, part.bytes);
+    part.bytes.clear();
+    part.word(1);
+    part.word(n);
+    element(5, part.bytes);
+    element(1, std::vector<char>(name.begin(), name.end()));
+    data();
+    const auto length = static_cast<std::uint32_t>(bytes.size() - start);
+    for (int k = 0; k < 4; ++k) bytes[lengthAt + k] = static_cast<char>(length >> (24 - 8 * k));
+  }
+};
+
+TEST_F(DataFile, FilesOfTheOtherByteOrderRead) {
+  BigEndianElements file;
+  std::string header(116, ' ');
+  header.replace(0, 10, "big-endian");
+  file.bytes.assign(header.begin(), header.end());
+  file.bytes.resize(124, 0);
+  for (const char c : {'\x01', '\x00', 'M', 'I'}) file.bytes.push_back(c);
+  file.array(6, 2, "d", [&] {
+    BigEndianElements values;
+    for (const std::uint64_t bits : {0x3FF8000000000000ull, 0xC008000000000000ull}) {  // 1.5, -3
+      values.word(static_cast<std::uint32_t>(bits >> 32));
+      values.word(static_cast<std::uint32_t>(bits));
+    }
+    file.element(9, values.bytes);
+  });
+  file.array(4, 2, "c", [&] { file.element(17, {'\x00', 'h', '\x00', '\xE9'}); });
+  file.array(1, 1, "k", [&] { file.array(12, 1, "", [&] { file.smallInt32(-7); }); });
+  writeBytes(path("big.orf"), file.bytes);
+
+  auto in = orfOpen(path("big.orf"), "r");
+  ASSERT_TRUE(in);
+  const auto d = orfGetVariable(in.get(), "d");
+  ASSERT_TRUE(d && d->classID() == oxDOUBLE_CLASS);
+  EXPECT_EQ(d->doubles(), (std::vector<double>{1.5, -3}));
+  EXPECT_EQ(oxArrayToStdString(orfGetVariable(in.get(), "c").get()), "h\xC3\xA9");
+  const auto k = orfGetVariable(in.get(), "k");
+  ASSERT_TRUE(oxIsCell(k.get()));
+  ASSERT_TRUE(k->cell(0) && k->cell(0)->classID() == oxINT32_CLASS);
+  EXPECT_EQ(k->cell(0)->int32s()[0], -7);
 }
 
 TEST_F(DataFile, VariablesAreFoundByNameInAnyOrder) {
