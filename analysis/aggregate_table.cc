@@ -40,6 +40,29 @@ class SelfFolding {
 
 }  // namespace
 
+AggregateTable::iterator AggregateTable::find(std::int32_t phaseId) {
+  const auto it = index_.find(phaseId);
+  return it == index_.end() ? entries_.end() : entries_.begin() + static_cast<std::ptrdiff_t>(it->second);
+}
+
+AggregateTable::const_iterator AggregateTable::find(std::int32_t phaseId) const {
+  const auto it = index_.find(phaseId);
+  return it == index_.end() ? entries_.end() : entries_.begin() + static_cast<std::ptrdiff_t>(it->second);
+}
+
+std::pair<AggregateTable::iterator, bool> AggregateTable::try_emplace(std::int32_t phaseId) {
+  const auto [it, fresh] = index_.try_emplace(phaseId, entries_.size());
+  if (fresh) entries_.emplace_back(phaseId, nullptr);
+  return {entries_.begin() + static_cast<std::ptrdiff_t>(it->second), fresh};
+}
+
+std::pair<AggregateTable::iterator, bool> AggregateTable::emplace(std::int32_t phaseId,
+                                                                  std::unique_ptr<TGAggregateDataPoint> value) {
+  auto result = try_emplace(phaseId);
+  if (result.second) result.first->second = std::move(value);
+  return result;
+}
+
 AggregateTable buildAggregateTable(const ProcessedPointVector& processedPoints) {
   AggregateTable table;
   SelfFolding folding;

@@ -148,7 +148,7 @@ void BM_PairAggregateCallTree(benchmark::State& state) {
     benchmark::DoNotOptimize(roots.data());
     state.PauseTiming();
     roots.clear();
-    table.clear();
+    table = {};
     r = {};
     copy.clear();
     state.ResumeTiming();
