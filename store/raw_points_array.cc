@@ -8,7 +8,8 @@ oxArrayPtr rawPointsToCellArray(const RawPointVector& points) {
   for (const auto& point : points) {
     const std::size_t at = oxCalcSingleSubscript(all.get(), {cursor.row, cursor.column});
     ++cursor.column;
-    // A missing point still takes its place, as a row of a default point.
+    // The set takes each row itself (a duplicate would be the same array). A
+    // missing point still takes its place, as the row of a default point.
     oxSetCell(all.get(), at, point ? point->toCellArray() : TGORRERYDataPoint().toCellArray());
   }
   return all;
