@@ -22,6 +22,11 @@ TEST(OxArray, CreationGivesClassShapeAndZeros) {
   const auto empty = oxCreateString("");
   EXPECT_EQ(empty->rows(), 0u);
   EXPECT_EQ(empty->cols(), 0u);
+  // Another class's storage reads as empty and cannot be written.
+  const oxArray& text = *s;
+  EXPECT_TRUE(text.doubles().empty());
+  EXPECT_THROW(s->doubles(), std::logic_error);
+  EXPECT_THROW(oxCreateCellMatrix(1, 1)->addField("f"), std::logic_error);
   const auto object = oxCreateObject("GaugeKit.Tracer");
   EXPECT_EQ(oxGetClassID(object.get()), oxOBJECT_CLASS);
   EXPECT_EQ(object->className(), "GaugeKit.Tracer");
@@ -111,21 +116,13 @@ TEST(OxArray, ClassTestsAnswerForNullAndEveryClass) {
   EXPECT_FALSE(oxIsLogicalScalar(oxCreateDoubleScalar(1).get()));
   EXPECT_FALSE(oxIsLogicalScalarTrue(oxCreateDoubleScalar(1).get()));
 
-  EXPECT_EQ(oxGetScalar(oxCreateInt32Scalar(-4).get()), -4.0);
+  // The row readers take numbers from any numeric, logical or char scalar.
   EXPECT_EQ(oxGetScalar(oxCreateUInt32Scalar(4000000000u).get()), 4e9);
-  EXPECT_EQ(oxGetScalar(oxCreateLogicalScalar(true).get()), 1.0);
   EXPECT_EQ(oxGetScalar(oxCreateString("A").get()), 65.0);
   EXPECT_EQ(oxGetScalar(oxCreateDoubleMatrix(0, 0).get()), 0.0);
   EXPECT_EQ(oxGetScalar(oxCreateCellMatrix(1, 1).get()), 0.0);
-
-  EXPECT_TRUE(oxCreateInt32Scalar(1)->is_integer());
   EXPECT_TRUE(oxCreateUInt32Scalar(1)->is_integer());
   EXPECT_FALSE(oxCreateDoubleScalar(1)->is_integer());
-  EXPECT_TRUE(oxIsNumeric(oxCreateUInt32Scalar(1).get()));
-  EXPECT_FALSE(oxIsNumeric(oxCreateLogicalScalar(true).get()));
   EXPECT_EQ(oxArrayToStdString(oxCreateDoubleScalar(1).get()), "");
-  EXPECT_TRUE(oxIsStruct(oxCreateStructArray(1, 1, {}).get()));
   EXPECT_FALSE(oxIsStruct(oxCreateObject("K").get()));
-  EXPECT_TRUE(oxIsVector(oxCreateCellMatrix(1, 5).get()));
-  EXPECT_FALSE(oxIsVector(oxCreateCellMatrix(2, 5).get()));
 }
