@@ -1,5 +1,6 @@
 #include "analysis/deviation_rows.h"
 #include "analysis/report_data.h"
+#include "analysis/report_data_diff_columns.h"
 #include "analysis/report_data_text.h"
 #include "collect/constants.h"
 
@@ -10,25 +11,12 @@ using namespace tg::report_data;
 constexpr std::string_view kTimeColumns =
     "LHS_WCSelf LHS_WCSelfPlusChild RHS_WCSelf RHS_WCSelfPlusChild "
     "WCSelfAbsDev WCSelfRelDev WCSelfBkgColor WCSCAbsDev WCSCRelDev WCSCBkgColor\");\n";
-constexpr std::string_view kBasicColumns =
-    "LHS_UsageDelta LHS_Usage LHS_UsagePeakDelta LHS_UsagePeak "
-    "RHS_UsageDelta RHS_Usage RHS_UsagePeakDelta RHS_UsagePeak "
-    "UsageDeltaAbsDev UsageDeltaRelDev UsageDeltaBkgColor UsageAbsDev UsageRelDev UsageBkgColor "
-    "UsagePeakDeltaAbsDev UsagePeakDeltaRelDev UsagePeakDeltaBkgColor UsagePeakAbsDev UsagePeakRelDev "
-    "UsagePeakBkgColor\");\n";
 constexpr std::string_view kDetailedColumns =
     "LHS_Free LHS_Reserved LHS_Committed LHS_Dlls LHS_NonProcess "
     "RHS_Free RHS_Reserved RHS_Committed RHS_Dlls RHS_NonProcess "
     "FreeAbsDev FreeRelDev FreeBkgColor ReservedAbsDev ReservedRelDev ReservedBkgColor "
     "CommittedAbsDev CommittedRelDev CommittedBkgColor DllsAbsDev DllsRelDev DllsBkgColor "
     "NonProcessAbsDev NonProcessRelDev NonProcessBkgColor\");\n";
-
-std::string_view diffAggColumns(std::string_view metric) {
-  if (metric == tg::kMetricTime) return kTimeColumns;
-  if (metric == tg::kMetricBasicMemory) return kBasicColumns;
-  if (metric == tg::kMetricDetailedMemory) return kDetailedColumns;
-  return "\");\n";
-}
 
 // The value columns of one side, -99.99 each when the side is absent.
 void appendSideValues(std::string& out, const TGAggregateDataPoint* a, std::string_view metric) {
@@ -76,7 +64,7 @@ std::string writeDiffAggData(const std::vector<AggregateComparisonRow>& rows, st
       "        aggSortInfo['Col'] = '';\n"
       "        aggSortInfo['Asc'] = false;\n";
   out += "        var aggDataStruct = makeStruct(\"IsParent Phase LHS_Count RHS_Count CountAbsDev ";
-  out += diffAggColumns(metric);
+  out += diffMetricColumns(metric, kTimeColumns, kDetailedColumns);
   out += "        var aggData = [";
   bool first = true;
   for (const auto& row : rows) {

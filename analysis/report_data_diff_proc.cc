@@ -2,6 +2,7 @@
 
 #include "analysis/deviation_rows.h"
 #include "analysis/report_data.h"
+#include "analysis/report_data_diff_columns.h"
 #include "analysis/report_data_text.h"
 #include "collect/constants.h"
 
@@ -14,12 +15,6 @@ constexpr std::string_view kTimeColumns =
     "RHS_WCSelf RHS_WCSelfPlusChild RHS_CPUSelf RHS_CPUSelfPlusChild "
     "WCSelfAbsDev WCSelfRelDev WCSelfBkgColor WCSCAbsDev WCSCRelDev WCSCBkgColor "
     "CPUSelfAbsDev CPUSelfRelDev CPUSelfBkgColor CPUSCAbsDev CPUSCRelDev CPUSCBkgColor\");\n";
-constexpr std::string_view kBasicColumns =
-    "LHS_UsageDelta LHS_Usage LHS_UsagePeakDelta LHS_UsagePeak "
-    "RHS_UsageDelta RHS_Usage RHS_UsagePeakDelta RHS_UsagePeak "
-    "UsageDeltaAbsDev UsageDeltaRelDev UsageDeltaBkgColor UsageAbsDev UsageRelDev UsageBkgColor "
-    "UsagePeakDeltaAbsDev UsagePeakDeltaRelDev UsagePeakDeltaBkgColor UsagePeakAbsDev UsagePeakRelDev "
-    "UsagePeakBkgColor\");\n";
 constexpr std::string_view kDetailedColumns =
     "LHS_Free LHS_Reserved LHS_Committed LHS_Dlls LHS_NonProcess "
     "LHS_FreeStart LHS_ReservedStart LHS_CommittedStart LHS_DllsStart LHS_NonProcessStart "
@@ -32,13 +27,6 @@ constexpr std::string_view kDetailedColumns =
     "ReservedStartBkgColor CommittedStartAbsDev CommittedStartRelDev CommittedStartBkgColor "
     "DllsStartAbsDev DllsStartRelDev DllsStartBkgColor NonProcessStartAbsDev NonProcessStartRelDev "
     "NonProcessStartBkgColor\");\n";
-
-std::string_view diffProcColumns(std::string_view metric) {
-  if (metric == tg::kMetricTime) return kTimeColumns;
-  if (metric == tg::kMetricBasicMemory) return kBasicColumns;
-  if (metric == tg::kMetricDetailedMemory) return kDetailedColumns;
-  return "\");\n";
-}
 
 std::string realText(double value) { return tgFormatDouble(value, 5); }
 
@@ -151,7 +139,7 @@ std::string writeDiffProcData(const std::vector<ProcessedComparisonRow>& rows, s
   std::string out;
   out.reserve(1024 + rows.size() * 200);
   out += "        var dataStruct = makeStruct(\"isParent HTMLPhaseNum GapRow Phase Grouping Model Target Machine Chart ";
-  out += diffProcColumns(metric);
+  out += diffMetricColumns(metric, kTimeColumns, kDetailedColumns);
   out += "        var numBlankData = 0;\n";
   out += "        var procData = [";
   ValueRecord record;

@@ -2,13 +2,10 @@
 // side, with their system information.
 #include "analysis/report_data.h"
 #include "report/comparison_runs.h"
-#include "collect/constants.h"
 #include "report/document_fragments.h"
-#include "report/page_head.h"
+#include "report/report_document.h"
 #include "report/report_run.h"
-#include "report/report_scripts.h"
 #include "report/system_info_table.h"
-#include "report/tab_bars.h"
 #include "report/tab_divs.h"
 #include "tempogauge/report.h"
 
@@ -18,46 +15,24 @@ bool writeAggregateDifferenceReport(TempoGauge* store, std::string_view htmlfile
                                     const TempoGaugingSystemInfo* rhsInfo, std::string_view metric) {
   ReportFile file(htmlfile);
   if (!file.isOpen()) return false;
-  const auto title = comparisonTitle(grouping);
-  auto runs = pairComparisonRuns(store, grouping, lhsRaw, rhsRaw);
-  if (!runs) return false;
-  const bool detailedMetric = metric == tg::kMetricDetailedMemory;
-  if (detailedMetric && !runs->hasDetailedMemStats) {
-    file.writeLines(kComparisonMissingDetailPageLines);
-    return true;
-  }
-  alignComparisonRuns(*runs, false);
+  const auto start = startComparison(file, store, grouping, lhsRaw, rhsRaw, metric, false);
+  if (!start.runs) return start.endResult;
+  const auto& runs = *start.runs;
   const auto records = comparisonRecords(lhsInfo, rhsInfo, rhsRaw);
 
-  constexpr bool kComparison = true;
-  constexpr bool kAggregateOnly = true;
-  file.write(kDoctypeLine);
-  file.write(writePageHead(store, runs->maxDepth, title, kComparison));
-  file.write(detailedMetric && runs->hasDetailedMemStats ? kBodyWithDialog : kBodyPlain);
-  file.write(kCenterOpen);
-  file.write(writeHeaderTable(kComparison, metric, kAggregateOnly));
-  file.write(writeAggregateTabDiv());
-  file.write(writeSystemInfoComparison(records.lhs, records.rhs));
-  file.write(kCenterClose);
-  std::string piece;
-  writeTabScript(piece, metric, runs->hasDetailedMemStats, kComparison, kAggregateOnly);
-  file.write(piece);
+  ReportDocument doc(file, metric, true, true, runs.hasDetailedMemStats);
+  doc.writeOpening(store, runs.maxDepth, comparisonTitle(grouping));
+  doc.write(writeAggregateTabDiv());
+  doc.write(writeSystemInfoComparison(records.lhs, records.rhs));
+  doc.write(kCenterClose);
+  doc.writeTabScript();
   // The detail scroller stands here although the report has no detail view.
-  file.write(writeScrollDivs(kComparison, false));
-  file.write(kBodyClose);
-  file.write(kHtmlClose);
-  piece.clear();
-  writeSortScript(piece);
-  file.write(piece);
-  piece.clear();
-  writeCommonScript(piece, metric, kComparison, lhslabel, rhslabel, kAggregateOnly);
-  file.write(piece);
-  piece.clear();
-  writeAggregateScript(piece, metric, kComparison, kAggregateOnly);
-  file.write(piece);
-  file.write(kScriptOpen);
-  file.write(writeNameArrays(store));
-  file.write(writeDiffAggData(runs->aggregateRows, metric));
-  file.write(kScriptClose);
+  doc.writeBodyEnd(false);
+  doc.writeLibraryScripts(lhslabel, rhslabel);
+  doc.writeAggregateScript();
+  doc.write(kScriptOpen);
+  doc.write(writeNameArrays(store));
+  doc.write(writeDiffAggData(runs.aggregateRows, metric));
+  doc.write(kScriptClose);
   return true;
 }

@@ -2,13 +2,10 @@
 // information, nothing else.
 #include "analysis/aggregate_table.h"
 #include "analysis/report_data.h"
-#include "collect/constants.h"
 #include "report/document_fragments.h"
-#include "report/page_head.h"
+#include "report/report_document.h"
 #include "report/report_run.h"
-#include "report/report_scripts.h"
 #include "report/system_info_table.h"
-#include "report/tab_bars.h"
 #include "report/tab_divs.h"
 #include "tempogauge/report.h"
 
@@ -17,41 +14,24 @@ bool writeAggregateReport(TempoGauge* store, std::string_view htmlfile, std::str
                           const TempoGaugingSystemInfo* systemInfo) {
   ReportFile file(htmlfile);
   if (!file.isOpen()) return false;
-  if (systemInfo == nullptr) collectSystemInfoFirst();
-  const auto run = analyzeRunForGrouping(store, raw, grouping);
-  if (writeSingleRunStandInPage(file, run, metric)) return true;
-  const auto aggregates = buildAggregateTable(run.processedPoints);
+  const auto run = startSingleRun(file, store, raw, grouping, metric, systemInfo);
+  if (!run) return true;
+  const auto aggregates = buildAggregateTable(run->processedPoints);
   collectSystemInfoFirst();
 
-  constexpr bool kComparison = false;
   constexpr bool kAggregateOnly = true;
-  const bool detailedMetric = metric == tg::kMetricDetailedMemory;
-  file.write(kDoctypeLine);
-  file.write(writePageHead(store, run.maxDepth, title, kComparison));
-  file.write(detailedMetric && run.hasDetailedMemStats ? kBodyWithDialog : kBodyPlain);
-  file.write(kCenterOpen);
-  file.write(writeHeaderTable(kComparison, metric, kAggregateOnly));
-  file.write(writeAggregateTabDiv());
-  file.write(writeSystemInfoTable(&recordOrProcessRecord(systemInfo)));
-  file.write(kCenterClose);
-  file.write(writeScrollDivs(kComparison, true));
-  file.write(kBodyClose);
-  file.write(kHtmlClose);
-  std::string piece;
-  writeTabScript(piece, metric, run.hasDetailedMemStats, kComparison, kAggregateOnly);
-  file.write(piece);
-  piece.clear();
-  writeSortScript(piece);
-  file.write(piece);
-  piece.clear();
-  writeCommonScript(piece, metric, kComparison, "none", "none", kAggregateOnly);
-  file.write(piece);
-  piece.clear();
-  writeAggregateScript(piece, metric, kComparison, kAggregateOnly);
-  file.write(piece);
-  file.write(kScriptOpen);
-  file.write(writeNameArrays(store));
-  file.write(writeAggData(aggregates, metric, kAggregateOnly));
-  file.write(kScriptClose);
+  ReportDocument doc(file, metric, false, kAggregateOnly, run->hasDetailedMemStats);
+  doc.writeOpening(store, run->maxDepth, title);
+  doc.write(writeAggregateTabDiv());
+  doc.write(writeSystemInfoTable(&recordOrProcessRecord(systemInfo)));
+  doc.write(kCenterClose);
+  doc.writeBodyEnd(true);
+  doc.writeTabScript();
+  doc.writeLibraryScripts("none", "none");
+  doc.writeAggregateScript();
+  doc.write(kScriptOpen);
+  doc.write(writeNameArrays(store));
+  doc.write(writeAggData(aggregates, metric, kAggregateOnly));
+  doc.write(kScriptClose);
   return true;
 }

@@ -2,8 +2,13 @@
 
 #include <algorithm>
 
+#include "collect/constants.h"
+#include "report/document_fragments.h"
 #include "report/report_run.h"
 
+namespace {
+
+// Pairs both runs; empty when either has a pairing error.
 std::optional<ComparisonRuns> pairComparisonRuns(TempoGauge* store, std::string_view grouping,
                                                  RawPointVector* lhsRaw, RawPointVector* rhsRaw) {
   ComparisonRuns runs;
@@ -16,9 +21,29 @@ std::optional<ComparisonRuns> pairComparisonRuns(TempoGauge* store, std::string_
   return runs;
 }
 
+// Builds the aggregate tables and aligns the aggregates, and the processed
+// points too when the report shows them.
 void alignComparisonRuns(ComparisonRuns& runs, bool alignPoints) {
   runs.lhsAggregates = buildAggregateTable(runs.lhs.processedPoints);
   runs.rhsAggregates = buildAggregateTable(runs.rhs.processedPoints);
   if (alignPoints) runs.processedRows = alignProcessedData(runs.lhs.processedPoints, runs.rhs.processedPoints);
   runs.aggregateRows = alignAggregates(runs.lhsAggregates, runs.rhsAggregates);
+}
+
+}  // namespace
+
+ComparisonStart startComparison(ReportFile& file, TempoGauge* store, std::string_view grouping,
+                                RawPointVector* lhsRaw, RawPointVector* rhsRaw, std::string_view metric,
+                                bool alignPoints) {
+  ComparisonStart start;
+  start.runs = pairComparisonRuns(store, grouping, lhsRaw, rhsRaw);
+  if (!start.runs) return start;
+  if (metric == tg::kMetricDetailedMemory && !start.runs->hasDetailedMemStats) {
+    file.writeLines(kComparisonMissingDetailPageLines);
+    start.runs.reset();
+    start.endResult = true;
+    return start;
+  }
+  alignComparisonRuns(*start.runs, alignPoints);
+  return start;
 }

@@ -9,6 +9,7 @@
 #include "analysis/alignment.h"
 #include "analysis/processed_data_struct.h"
 #include "collect/raw_point.h"
+#include "report/report_file.h"
 
 class TempoGauge;
 
@@ -23,9 +24,14 @@ struct ComparisonRuns {
   std::int32_t maxDepth = 0;         // the deeper of the two call trees
 };
 
-// Pairs both runs; empty when either has a pairing error.
-std::optional<ComparisonRuns> pairComparisonRuns(TempoGauge* store, std::string_view grouping,
-                                                 RawPointVector* lhsRaw, RawPointVector* rhsRaw);
-// Builds the aggregate tables and aligns the aggregates, and the processed
-// points too when the report shows them.
-void alignComparisonRuns(ComparisonRuns& runs, bool alignPoints);
+// A comparison report after pairing: the aligned runs, or, when the report
+// ends before its document, the driver's result: false when either run doesn't
+// pair up (the file stays empty), true when a "detailedmemory" report lacks
+// detailed samples and the page that says so was written instead.
+struct ComparisonStart {
+  std::optional<ComparisonRuns> runs;
+  bool endResult = false;
+};
+ComparisonStart startComparison(ReportFile& file, TempoGauge* store, std::string_view grouping,
+                                RawPointVector* lhsRaw, RawPointVector* rhsRaw, std::string_view metric,
+                                bool alignPoints);

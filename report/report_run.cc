@@ -7,11 +7,10 @@
 #include "report/document_fragments.h"
 #include "store/system_info_collection.h"
 
-TGProcessedDataStruct analyzeRunForGrouping(TempoGauge* store, RawPointVector* raw, std::string_view grouping) {
-  const std::vector<std::string> groupings{std::string(grouping)};
-  return processedDataFor(store, raw, groupings, false);
-}
+namespace {
 
+// Writes the error page or the page of the missing detail when the run can't
+// give a single-run report, and says whether it did.
 bool writeSingleRunStandInPage(ReportFile& file, const TGProcessedDataStruct& run, std::string_view metric) {
   if (run.hasErrors) {
     file.writeLines(kErrorPageLines);
@@ -22,6 +21,22 @@ bool writeSingleRunStandInPage(ReportFile& file, const TGProcessedDataStruct& ru
     return true;
   }
   return false;
+}
+
+}  // namespace
+
+TGProcessedDataStruct analyzeRunForGrouping(TempoGauge* store, RawPointVector* raw, std::string_view grouping) {
+  const std::vector<std::string> groupings{std::string(grouping)};
+  return processedDataFor(store, raw, groupings, false);
+}
+
+std::optional<TGProcessedDataStruct> startSingleRun(ReportFile& file, TempoGauge* store, RawPointVector* raw,
+                                                    std::string_view grouping, std::string_view metric,
+                                                    const TempoGaugingSystemInfo* systemInfo) {
+  if (systemInfo == nullptr) collectSystemInfoFirst();
+  std::optional<TGProcessedDataStruct> run{std::in_place, analyzeRunForGrouping(store, raw, grouping)};
+  if (writeSingleRunStandInPage(file, *run, metric)) return std::nullopt;
+  return run;
 }
 
 std::string comparisonTitle(std::string_view grouping) {

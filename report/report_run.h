@@ -2,6 +2,7 @@
 // a report, titles and system information.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,13 @@ class TempoGauge;
 // tracer's own points.
 TGProcessedDataStruct analyzeRunForGrouping(TempoGauge* store, RawPointVector* raw, std::string_view grouping);
 
-// Writes the error page or the page of the missing detail when the run can't
-// give a single-run report, and says whether it did.
-bool writeSingleRunStandInPage(ReportFile& file, const TGProcessedDataStruct& run, std::string_view metric);
+// The paired run of a single-run report; empty when a stand-in page was
+// written instead. Without a given system information record, this process's
+// record is collected first, so that a failing collection stops the report
+// before anything is written.
+std::optional<TGProcessedDataStruct> startSingleRun(ReportFile& file, TempoGauge* store, RawPointVector* raw,
+                                                    std::string_view grouping, std::string_view metric,
+                                                    const TempoGaugingSystemInfo* systemInfo);
 
 // "Performance Comparison", after the grouping's name unless it is "GLOBAL".
 std::string comparisonTitle(std::string_view grouping);
