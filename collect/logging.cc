@@ -16,12 +16,13 @@
 
 // ---- Gate ---------------------------------------------------------------------
 
-bool TempoGauge::isGroupingEnabled(std::string_view groupingName) const {
+std::int32_t TempoGauge::enabledGroupingId(std::string_view groupingName) const {
   // Only groupings that have been switched can be on, and every switched
   // grouping is in the lock-free index under its id; while nothing at all is
   // on, no name needs looking up.
-  if (!groupingStates || !groupingStates->anyEnabled() || !switchedGroupingNames_) return false;
-  return isGroupingEnabled(switchedGroupingNames_->find(groupingName));
+  if (!groupingStates || !groupingStates->anyEnabled() || !switchedGroupingNames_) return -1;
+  const std::int32_t id = switchedGroupingNames_->find(groupingName);
+  return isGroupingEnabled(id) ? id : -1;
 }
 
 // ---- Points -------------------------------------------------------------------
@@ -143,19 +144,37 @@ void TempoGauge::sample(TGORRERYDataPoint& point) {
 // Each export keeps its own copy of the store's address; the store never
 // moves or dies.
 
+namespace {
+
+// Logs through `log(store, groupingId)` when logging is on for the grouping
+// named `grouping`. When the gate passes by the grouping's own switch, it has
+// found the id already; only global logging needs the name looked up.
+template <typename Log>
+bool logForGroupingNamed(TempoGauge* store, std::string_view grouping, Log log) {
+  if (store->globalLoggingEnabled.load(std::memory_order_relaxed))
+    return log(store->findId(tg::kGroupingKind, grouping));
+  const std::int32_t groupingId = store->enabledGroupingId(grouping);
+  return groupingId >= 0 && log(groupingId);
+}
+
+// Logs through `log()` when logging is on for the grouping `groupingId`.
+template <typename Log>
+bool logForGroupingId(const TempoGauge* store, std::int32_t groupingId, Log log) {
+  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
+    return false;
+  return log();
+}
+
+}  // namespace
+
 bool tgLogORRERYData(const std::string& grouping, const std::string& phase, bool start) {
   static TempoGauge* const store = TempoGauge::instance();
-  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) &&
-      !store->isGroupingEnabled(std::string_view(grouping)))
-    return false;
-  return store->logPoint(std::string_view(grouping), phase, start);
+  return logForGroupingNamed(store, grouping, [&](std::int32_t id) { return store->logPoint(id, phase, start); });
 }
 
 bool tgLogORRERYData(std::int32_t groupingId, const std::string& phase, bool start) {
   static TempoGauge* const store = TempoGauge::instance();
-  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
-    return false;
-  return store->logPoint(groupingId, phase, start);
+  return logForGroupingId(store, groupingId, [&] { return store->logPoint(groupingId, phase, start); });
 }
 
 bool tgLogCWStartupData(const std::string& phase, bool start) {
@@ -166,37 +185,33 @@ bool tgLogCWStartupData(const std::string& phase, bool start) {
 bool tgLogCogwheelData(const std::string& grouping, const std::string& model, const std::string& target,
                        const std::string& phase, bool start) {
   static TempoGauge* const store = TempoGauge::instance();
-  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) &&
-      !store->isGroupingEnabled(std::string_view(grouping)))
-    return false;
-  return store->logPoint(std::string_view(grouping), model, target, phase, start);
+  return logForGroupingNamed(
+      store, grouping, [&](std::int32_t id) { return store->logPoint(id, model, target, phase, start); });
 }
 
 bool tgLogCogwheelData(std::int32_t groupingId, const std::string& model, const std::string& target,
                        const std::string& phase, bool start) {
   static TempoGauge* const store = TempoGauge::instance();
-  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
-    return false;
-  return store->logPoint(groupingId, model, target, phase, start);
+  return logForGroupingId(store, groupingId,
+                          [&] { return store->logPoint(groupingId, model, target, phase, start); });
 }
 
 bool tgLogLoomchartData(const std::string& grouping, const std::string& model, const std::string& target,
                         const std::string& machine, const std::string& chart, const std::string& phase,
                         bool start) {
   static TempoGauge* const store = TempoGauge::instance();
-  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) &&
-      !store->isGroupingEnabled(std::string_view(grouping)))
-    return false;
-  return store->logPoint(std::string_view(grouping), model, target, machine, chart, phase, start);
+  return logForGroupingNamed(store, grouping, [&](std::int32_t id) {
+    return store->logPoint(id, model, target, machine, chart, phase, start);
+  });
 }
 
 bool tgLogLoomchartData(std::int32_t groupingId, const std::string& model, const std::string& target,
                         const std::string& machine, const std::string& chart, const std::string& phase,
                         bool start) {
   static TempoGauge* const store = TempoGauge::instance();
-  if (!store->globalLoggingEnabled.load(std::memory_order_relaxed) && !store->isGroupingEnabled(groupingId))
-    return false;
-  return store->logPoint(groupingId, model, target, machine, chart, phase, start);
+  return logForGroupingId(store, groupingId, [&] {
+    return store->logPoint(groupingId, model, target, machine, chart, phase, start);
+  });
 }
 
 // ---- Switches -----------------------------------------------------------------

@@ -44,8 +44,10 @@ class TempoGauge {
   std::string lookupName(std::uint32_t kind, std::int32_t id) const;
   NameTable* table(std::uint32_t kind) const;  // null for an unknown kind
 
-  // Logging gate and points. Both forms of isGroupingEnabled take no lock.
-  bool isGroupingEnabled(std::string_view groupingName) const;
+  // Logging gate and points. The gate's forms take no lock.
+  bool isGroupingEnabled(std::string_view groupingName) const { return enabledGroupingId(groupingName) >= 0; }
+  // The id of the grouping named `groupingName` when it is on, else -1.
+  std::int32_t enabledGroupingId(std::string_view groupingName) const;
   // Lock-free: reads only the atomic state array (inline, for the gate).
   bool isGroupingEnabled(std::int32_t groupingId) const noexcept {
     return groupingStates && (*groupingStates)[groupingId] == 1;
