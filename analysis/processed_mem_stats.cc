@@ -23,11 +23,8 @@ void BasicProcessedMemStats::computeDeltas(const BasicMemStats* start) {
 
 DetailedProcessedMemStats::DetailedProcessedMemStats(const DetailedMemStats* sample) {
   if (!sample) return;
-  commitMem = sample->commitMem * kBytesToMegabytes;
-  resMem = sample->resMem * kBytesToMegabytes;
-  freeMem = sample->freeMem * kBytesToMegabytes;
-  dllsMem = sample->dllsMem * kBytesToMegabytes;
-  nonprocessMem = sample->nonprocessMem * kBytesToMegabytes;
+  DetailedMemStats::operator=(*sample);
+  DetailedMemStats::scaleToMegabytes();
 }
 
 DetailedProcessedMemStats::~DetailedProcessedMemStats() = default;

@@ -23,6 +23,15 @@ void copyElements(const Array& source, std::vector<Target>& target) {
   for (octave_idx_type i = 0; i < n; ++i) target[static_cast<std::size_t>(i)] = static_cast<Target>(source(i));
 }
 
+// An Octave array of `dims` whose first `n` elements, in column order, are
+// those of `values`.
+template <class OctaveArray, class Values>
+OctaveArray filledArray(const dim_vector& dims, octave_idx_type n, const Values& values) {
+  OctaveArray out(dims);
+  for (octave_idx_type i = 0; i < n; ++i) out(i) = values[static_cast<std::size_t>(i)];
+  return out;
+}
+
 oxArrayPtr fromCell(const Cell& cell) {
   const dim_vector dims = cell.dims();
   auto array = oxCreateCellMatrix(rowsOf(dims), colsOf(dims));
@@ -95,31 +104,16 @@ octave_value toOctaveValue(const oxArray* array) {
   const dim_vector dims(static_cast<octave_idx_type>(array->rows()), static_cast<octave_idx_type>(array->cols()));
   const auto n = static_cast<octave_idx_type>(array->numel());
   switch (array->classID()) {
-    case oxCHAR_CLASS: {
-      charNDArray chars(dims);
-      for (octave_idx_type i = 0; i < n; ++i) chars(i) = array->chars()[static_cast<std::size_t>(i)];
-      return octave_value(chars, '"');
-    }
-    case oxLOGICAL_CLASS: {
-      boolNDArray bools(dims);
-      for (octave_idx_type i = 0; i < n; ++i) bools(i) = array->logicals()[static_cast<std::size_t>(i)] != 0;
-      return octave_value(bools);
-    }
-    case oxDOUBLE_CLASS: {
-      NDArray values(dims);
-      for (octave_idx_type i = 0; i < n; ++i) values(i) = array->doubles()[static_cast<std::size_t>(i)];
-      return octave_value(values);
-    }
-    case oxINT32_CLASS: {
-      int32NDArray values(dims);
-      for (octave_idx_type i = 0; i < n; ++i) values(i) = array->int32s()[static_cast<std::size_t>(i)];
-      return octave_value(values);
-    }
-    case oxUINT32_CLASS: {
-      uint32NDArray values(dims);
-      for (octave_idx_type i = 0; i < n; ++i) values(i) = array->uint32s()[static_cast<std::size_t>(i)];
-      return octave_value(values);
-    }
+    case oxCHAR_CLASS:
+      return octave_value(filledArray<charNDArray>(dims, n, array->chars()), '"');
+    case oxLOGICAL_CLASS:
+      return octave_value(filledArray<boolNDArray>(dims, n, array->logicals()));
+    case oxDOUBLE_CLASS:
+      return octave_value(filledArray<NDArray>(dims, n, array->doubles()));
+    case oxINT32_CLASS:
+      return octave_value(filledArray<int32NDArray>(dims, n, array->int32s()));
+    case oxUINT32_CLASS:
+      return octave_value(filledArray<uint32NDArray>(dims, n, array->uint32s()));
     case oxCELL_CLASS: {
       Cell cell(dims);
       for (octave_idx_type i = 0; i < n; ++i) cell(i) = toOctaveValue(oxGetCell(array, static_cast<std::size_t>(i)));
