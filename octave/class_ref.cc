@@ -13,12 +13,6 @@ void ClassRef::print_raw(std::ostream& os, bool) const {
   os << "<class GaugeKit.Tracer: static methods; methods (\"GaugeKit.Tracer\") lists them>";
 }
 
-octave_value ClassRef::instance() {
-  static octave_value* const value = [] {
-    ClassRef::register_type();
-    return new octave_value(new ClassRef());
-  }();
-  return *value;
-}
+octave_value ClassRef::instance() { return sharedInstance<ClassRef>(); }
 
 }  // namespace tg::octave_adapter

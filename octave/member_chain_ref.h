@@ -35,4 +35,16 @@ class MemberChainRef : public octave_base_value {
   std::string className_;
 };
 
+// The one value of the type `Ref`, created (and the type registered with
+// Octave) at the first call and kept: Octave copies share the one
+// representation.
+template <class Ref>
+octave_value sharedInstance() {
+  static octave_value* const value = [] {
+    Ref::register_type();
+    return new octave_value(new Ref());
+  }();
+  return *value;
+}
+
 }  // namespace tg::octave_adapter
