@@ -3,7 +3,6 @@
 // loops that repeat subtrees.
 #include <benchmark/benchmark.h>
 
-#include <ctime>
 #include <map>
 #include <random>
 
@@ -164,37 +163,6 @@ BENCHMARK(BM_PairAggregateCallTree)->Arg(1'000'000)->Arg(2'000'000)->Unit(benchm
 
 namespace {
 
-// The steps of the call tree, one at a time, in CPU time of this thread (the
-// machine may be shared).
-double threadCpuMs() {
-  timespec ts{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &ts);
-  return static_cast<double>(ts.tv_sec) * 1e3 + static_cast<double>(ts.tv_nsec) / 1e6;
-}
-
-void BM_CallTreeSteps(benchmark::State& state) {
-  const TGProcessedDataStruct& paired = pairedOf(static_cast<std::size_t>(state.range(0)));
-  for (auto _ : state) {
-    const double t0 = threadCpuMs();
-    CallTree roots = linkCallTreeNodes(paired.processedPoints);
-    const double t1 = threadCpuMs();
-    computeRootSignatures(roots);
-    const double t2 = threadCpuMs();
-    mergeSiblings(roots);
-    const double t3 = threadCpuMs();
-    roots.clear();
-    const double t4 = threadCpuMs();
-    state.counters["link_cpu_ms"] = t1 - t0;
-    state.counters["sign_cpu_ms"] = t2 - t1;
-    state.counters["merge_cpu_ms"] = t3 - t2;
-    state.counters["free_cpu_ms"] = t4 - t3;
-  }
-}
-
-}  // namespace
-
-namespace {
-
 // One digest of a 4-byte value, as hashID computes it the first time it meets an id.
 void BM_Md5OfFourBytes(benchmark::State& state) {
   tg::Md5Checksum md5;
@@ -209,4 +177,3 @@ void BM_Md5OfFourBytes(benchmark::State& state) {
 }  // namespace
 
 BENCHMARK(BM_Md5OfFourBytes);
-BENCHMARK(BM_CallTreeSteps)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(1);

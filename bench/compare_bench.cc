@@ -10,7 +10,6 @@
 #include <string>
 
 #include "analysis/alignment.h"
-#include "analysis/alignment_keys.h"
 #include "analysis/report_data.h"
 #include "collect/tempo_gauge.h"
 
@@ -98,37 +97,6 @@ void BM_AlignProcessed_1pctDiff(benchmark::State& state) {
   state.counters["rows_out"] = static_cast<double>(aligned);
 }
 BENCHMARK(BM_AlignProcessed_1pctDiff)->Arg(100000)->Unit(benchmark::kMillisecond)->UseRealTime();
-
-// The key alignment alone, on runs that differ in 1% of their rows and on runs
-// whose rows are shuffled (far apart: the bit-row engine takes over).
-void BM_AlignKeys(benchmark::State& state) {
-  const auto rows = static_cast<std::size_t>(state.range(0));
-  const bool dissimilar = state.range(1) != 0;
-  std::vector<std::int32_t> lhs(rows);
-  for (std::size_t k = 0; k < rows; ++k) lhs[k] = static_cast<std::int32_t>(k % 1000);
-  std::vector<std::int32_t> rhs = lhs;
-  std::mt19937 rng(7);
-  if (dissimilar) {
-    std::shuffle(rhs.begin(), rhs.end(), rng);
-  } else {
-    for (std::size_t e = 0; e < rows / 100; ++e)
-      rhs[std::uniform_int_distribution<std::size_t>(0, rows - 1)(rng)] = 5000 + static_cast<std::int32_t>(e);
-  }
-  long peakKiB = 0;
-  for (auto _ : state) {
-    state.PauseTiming();
-    const long before = startPeak();
-    state.ResumeTiming();
-    auto result = alignKeySequences(lhs, rhs);
-    benchmark::DoNotOptimize(result.data());
-    state.PauseTiming();
-    peakKiB = std::max(peakKiB, statusField("VmHWM") - before);
-    result = {};
-    state.ResumeTiming();
-  }
-  state.counters["peak_MB"] = static_cast<double>(peakKiB) / 1024.0;
-}
-BENCHMARK(BM_AlignKeys)->Args({100000, 0})->Args({20000, 1})->Args({100000, 1})->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void BM_WriteProcData_Time(benchmark::State& state) {
   const auto count = static_cast<std::size_t>(state.range(0));

@@ -29,25 +29,22 @@ TEST_F(PathTest, RootMatchingInTheMiddleLeavesTheNameWhole) {
   EXPECT_EQ(tgStripHostRoot("/opt/host/x.m"), "/x.m");
 }
 
-TEST_F(PathTest, SlashesWithoutCustomizationStripping) {
-  EXPECT_EQ(cleanPhaseName("//a", false), "a");
-  EXPECT_EQ(cleanPhaseName("/a/b", false), "a/b");
-  EXPECT_EQ(cleanPhaseName("a/b", false), "a/b");
-  EXPECT_EQ(cleanPhaseName("/", false), "");
-  EXPECT_EQ(cleanPhaseName("", false), "");
-  // With stripping, only the first leading slash goes.
-  EXPECT_EQ(cleanPhaseName("//a", true), "/a");
-}
-
-TEST_F(PathTest, CustomizationMarkersGoOnlyWhenStripping) {
-  EXPECT_EQ(cleanPhaseName("m/cw_customization/x", true), "m/x");
-  EXPECT_EQ(cleanPhaseName("m/cw_internal_customization/x", true), "m/x");
-  EXPECT_EQ(cleanPhaseName("m/cw_customization/x", false), "m/cw_customization/x");
-  // What follows the marker stays; a marker at the end leaves its prefix.
-  EXPECT_EQ(cleanPhaseName("a/cw_customization", true), "a");
-  EXPECT_EQ(cleanPhaseName("a/cw_customizationX", true), "aX");
-  // Only the first occurrence of each marker goes.
-  EXPECT_EQ(cleanPhaseName("a/cw_customization/cw_customization", true), "a/cw_customization");
+TEST_F(PathTest, CleaningSlashesAndCustomizationMarkers) {
+  struct Case {
+    const char* name;
+    bool strip;
+    const char* cleaned;
+  };
+  const Case cases[] = {
+      {"//a", false, "a"}, {"/a/b", false, "a/b"}, {"a/b", false, "a/b"}, {"/", false, ""}, {"", false, ""},
+      {"//a", true, "/a"},  // with stripping, only the first leading slash goes
+      {"m/cw_customization/x", true, "m/x"}, {"m/cw_internal_customization/x", true, "m/x"},
+      {"m/cw_customization/x", false, "m/cw_customization/x"},
+      // What follows the marker stays; a marker at the end leaves its prefix.
+      {"a/cw_customization", true, "a"}, {"a/cw_customizationX", true, "aX"},
+      // Only the first occurrence of each marker goes.
+      {"a/cw_customization/cw_customization", true, "a/cw_customization"}};
+  for (const auto& c : cases) EXPECT_EQ(cleanPhaseName(c.name, c.strip), c.cleaned) << c.name << " " << c.strip;
 }
 
 // Setting the root while other threads clean names gives each of them one

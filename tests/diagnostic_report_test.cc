@@ -3,13 +3,9 @@
 // and a walk that always ends.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-#include <unistd.h>
-
 #include "analysis/diagnostic_report.h"
 #include "collect/tempo_gauge.h"
+#include "scratch_files.h"
 
 namespace {
 
@@ -19,14 +15,9 @@ constexpr const char* kPlainRow = "            <tr>\n";
 class DiagnosticReport : public ::testing::Test {
  protected:
   void SetUp() override {
-    path_ = (std::filesystem::temp_directory_path() /
-             ("tg_diagnostic_" + std::to_string(::getpid()) + "_" +
-              ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".html"))
-                .string();
     grouping_ = tgGetId(tg::kGroupingKind, "DiagGrouping");
     other_ = tgGetId(tg::kGroupingKind, "DiagOther");
   }
-  void TearDown() override { std::filesystem::remove(path_); }
 
   RawPointPtr host(const char* phase, bool start, double time, int grouping = -2) {
     auto p = std::make_shared<TGORRERYDataPoint>();
@@ -54,18 +45,12 @@ class DiagnosticReport : public ::testing::Test {
 
   std::string report(RawPointVector raw, std::string_view grouping = "DiagGrouping") {
     EXPECT_TRUE(writeDiagnosticReport(TempoGauge::instance(), path_, grouping, &raw));
-    std::ifstream in(path_);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return tgtest::readFile(path_);
   }
-  static std::size_t count(const std::string& text, const std::string& what) {
-    std::size_t n = 0;
-    for (auto at = text.find(what); at != std::string::npos; at = text.find(what, at + 1)) ++n;
-    return n;
-  }
+  static std::size_t count(const std::string& text, const std::string& what) { return tgtest::countOf(text, what); }
 
-  std::string path_;
+  tgtest::ScratchDir scratch_{"tg_diagnostic"};
+  std::string path_ = scratch_.path("report.html");
   int grouping_ = -1;
   int other_ = -1;
 };

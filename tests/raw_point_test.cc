@@ -11,29 +11,6 @@ struct ErrorInfo : TGDiagnosticInfo {
   bool error;
 };
 
-TEST(RawPoint, DefaultsPerClass) {
-  const TGLoomchartDataPoint p;
-  EXPECT_EQ(p.pointType, 2);
-  for (const int id : {p.groupingId, p.phaseId, p.statisticsTypeId, p.modelId, p.targetId, p.machineId, p.chartId})
-    EXPECT_EQ(id, -1);
-  ASSERT_TRUE(p.basicMemStats && p.detailedMemStats);
-  EXPECT_EQ(p.detailedMemStats->freeMem, 0.0);
-  EXPECT_EQ(TGCWGENDataPoint().pointType, 1);
-  EXPECT_EQ(TGORRERYDataPoint().pointType, 0);
-}
-
-TEST(RawPoint, CopyIsDeepAndKeepsGap) {
-  TGCWGENDataPoint p;
-  p.flags.isGap = 1;
-  p.modelId = 4;
-  p.basicMemStats->procMemUsage = 123.0;
-  const TGCWGENDataPoint copy(p);
-  EXPECT_EQ(copy.isGap(), true);
-  EXPECT_EQ(copy.modelId, 4);
-  EXPECT_NE(copy.basicMemStats.get(), p.basicMemStats.get());
-  EXPECT_EQ(copy.basicMemStats->procMemUsage, 123.0);
-}
-
 TEST(RawPoint, SameSiteIgnoresFlagsButNotKindOrTarget) {
   auto start = std::make_shared<TGORRERYDataPoint>();
   start->groupingId = 3;

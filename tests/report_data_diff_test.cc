@@ -6,14 +6,14 @@
 #include "analysis/deviation_rows.h"
 #include "analysis/report_data.h"
 #include "compare_test_points.h"
+#include "report_data_literals.h"
 
 namespace {
 
 using namespace compare_test;
 
-const std::string kRowSep = ",\n                    ";
-const std::string kProcHead =
-    "        var dataStruct = makeStruct(\"isParent HTMLPhaseNum GapRow Phase Grouping Model Target Machine Chart ";
+using report_literals::kProcHead;
+using report_literals::kRowSep;
 const std::string kProcTail = "        var numBlankData = 0;\n        var procData = [";
 
 TEST(ReportDataDiffProc, TimeRowsOfEverySide) {

@@ -4,28 +4,11 @@
 #include "collect/text_escape.h"
 #include "analysis/report_data.h"
 #include "collect/tempo_gauge.h"
+#include "report_data_literals.h"
 
 namespace {
 
-const std::string kSharedVariables =
-    "       var PhaseLengths     = new Array();\n"
-    "       var GroupingLengths  = new Array();\n"
-    "       var ModelLengths     = new Array();\n"
-    "       var TargetLengths    = new Array();\n"
-    "       var MachineLengths   = new Array();\n"
-    "       var ChartLengths     = new Array();\n"
-    "       var ExpandStrLengths = new Array();\n"
-    "       var ExpandStr        = [\"&nbsp;&nbsp;&nbsp;\",\"[+]\",\"[-]\"];\n"
-    "       var phaseStrToShow;\n"
-    "       var modelStrToShow;\n"
-    "       var machineStrToShow;\n"
-    "       var chartStrToShow;\n"
-    "       var phaseStr;\n"
-    "       var modelStr;\n"
-    "       var machineStr;\n"
-    "       var chartStr;\n"
-    "       var targetStr;\n"
-    "       var groupingStr;\n";
+using report_literals::kSharedVariables;
 
 TEST(ReportDataNames, ArraysByIdWithOrdinaryNamesUnchanged) {
   TempoGauge tracer;

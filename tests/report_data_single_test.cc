@@ -7,14 +7,14 @@
 #include "analysis/report_data.h"
 #include "analysis/report_data_text.h"
 #include "compare_test_points.h"
+#include "report_data_literals.h"
 
 namespace {
 
 using namespace compare_test;
 
-const std::string kProcHead =
-    "        var dataStruct = makeStruct(\"isParent HTMLPhaseNum GapRow Phase Grouping Model Target Machine Chart ";
-const std::string kRowSep = ",\n                    ";
+using report_literals::kProcHead;
+using report_literals::kRowSep;
 
 // A host parent, a Cogwheel leaf and a Loomchart gap leaf.
 ProcessedPointVector threeKinds() {
@@ -77,25 +77,7 @@ TEST(ReportDataProc, EmptyListAndUnknownMetric) {
                                                           "-1, -1, -1)];\n");
 }
 
-const std::string kAggHeadAll =
-    "       var PhaseLengths     = new Array();\n"
-    "       var GroupingLengths  = new Array();\n"
-    "       var ModelLengths     = new Array();\n"
-    "       var TargetLengths    = new Array();\n"
-    "       var MachineLengths   = new Array();\n"
-    "       var ChartLengths     = new Array();\n"
-    "       var ExpandStrLengths = new Array();\n"
-    "       var ExpandStr        = [\"&nbsp;&nbsp;&nbsp;\",\"[+]\",\"[-]\"];\n"
-    "       var phaseStrToShow;\n"
-    "       var modelStrToShow;\n"
-    "       var machineStrToShow;\n"
-    "       var chartStrToShow;\n"
-    "       var phaseStr;\n"
-    "       var modelStr;\n"
-    "       var machineStr;\n"
-    "       var chartStr;\n"
-    "       var targetStr;\n"
-    "       var groupingStr;\n"
+const std::string kAggHeadAll = report_literals::kSharedVariables +
     "       var aggDataView = new Array();\n"
     "       aggDataView['Index'] = new Array();\n"
     "       var aggSortInfo = new Array();\n"

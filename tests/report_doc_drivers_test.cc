@@ -2,44 +2,18 @@
 // pages that stand in for a report, and the results of each failure.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
-#include <sstream>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "report_doc_trace.h"
+#include "scratch_files.h"
 #include "tempogauge/report.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string readFile(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
-std::size_t countOf(std::string_view text, std::string_view what) {
-  std::size_t count = 0;
-  for (auto pos = text.find(what); pos != std::string_view::npos; pos = text.find(what, pos + what.size())) ++count;
-  return count;
-}
-
-// Each marker is found in the text, and after the one before it.
-void expectInOrder(const std::string& text, const std::vector<std::string_view>& markers) {
-  std::size_t last = 0;
-  std::string_view previous = "the start";
-  for (const auto marker : markers) {
-    const auto pos = text.find(marker, last);
-    ASSERT_NE(pos, std::string::npos) << "'" << marker << "' is missing after " << previous;
-    last = pos + marker.size();
-    previous = marker;
-  }
-}
+using tgtest::countOf;
+using tgtest::expectInOrder;
+using tgtest::readFile;
 
 RawPointVector nestedRun(bool detailed, bool slower = false) {
   tgreport::RunBuilder run(detailed);
@@ -64,15 +38,7 @@ TempoGaugingSystemInfo record(std::string_view processor) {
 
 class ReportDriverTest : public ::testing::Test {
  protected:
-  void SetUp() override {
-    dir_ = fs::temp_directory_path() /
-           ("tg_report_drivers_" + std::string(::testing::UnitTest::GetInstance()->current_test_info()->name()));
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-  }
-  void TearDown() override { fs::remove_all(dir_); }
-
-  std::string path(std::string_view name) const { return (dir_ / name).string(); }
+  std::string path(std::string_view name) const { return scratch_.path(name); }
 
   bool single(bool aggregateOnly, std::string_view file, std::string_view metric, RawPointVector raw,
               std::string_view title = "Workload") {
@@ -90,7 +56,7 @@ class ReportDriverTest : public ::testing::Test {
                  &rhsInfo, metric);
   }
 
-  fs::path dir_;
+  tgtest::ScratchDir scratch_{"tg_report_drivers"};
 };
 
 TEST_F(ReportDriverTest, AggregateReportHoldsItsPiecesInOrderAndNothingElse) {
@@ -237,7 +203,7 @@ TEST_F(ReportDriverTest, DetailedMetricWithoutDetailGivesTheNotice) {
 }
 
 TEST_F(ReportDriverTest, AFileThatCannotBeOpenedFailsEveryDriver) {
-  const auto missingDir = (dir_ / "no such dir" / "report.html").string();
+  const auto missingDir = (scratch_.dir() / "no such dir" / "report.html").string();
   auto raw = nestedRun(false);
   auto lhs = nestedRun(false);
   auto rhs = nestedRun(false);
@@ -248,7 +214,7 @@ TEST_F(ReportDriverTest, AFileThatCannotBeOpenedFailsEveryDriver) {
   EXPECT_FALSE(writeDifferenceReport(store, missingDir, "Workload", "l", "r", &lhs, &rhs, &info, &info, "time"));
   EXPECT_FALSE(
       writeAggregateDifferenceReport(store, missingDir, "Workload", "l", "r", &lhs, &rhs, &info, &info, "time"));
-  EXPECT_FALSE(fs::exists(dir_ / "no such dir"));
+  EXPECT_FALSE(fs::exists(scratch_.dir() / "no such dir"));
 }
 
 TEST_F(ReportDriverTest, UserTextCannotBreakTheReport) {

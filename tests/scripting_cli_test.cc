@@ -6,11 +6,11 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 
 #include "collect_store_reset.h"
+#include "scratch_files.h"
 #include "scripting_call.h"
 
 namespace {
@@ -24,25 +24,10 @@ struct CommandResult {
   std::string err;
 };
 
-std::string readFile(const fs::path& path) {
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
+using tgtest::readFile;
 
 class ScriptingCommand : public CollectStoreTest {
  protected:
-  void SetUp() override {
-    CollectStoreTest::SetUp();
-    dir_ = fs::temp_directory_path() / ("tg_cli_" + std::to_string(::getpid()) + "_" + std::to_string(round()));
-    fs::create_directories(dir_);
-  }
-  void TearDown() override {
-    fs::remove_all(dir_);
-    CollectStoreTest::TearDown();
-  }
-
   // Runs the command (next to the test binary) in the scratch folder.
   CommandResult run(const std::string& args) const {
     const fs::path exe = fs::read_symlink("/proc/self/exe").parent_path() / "tempogauge";
@@ -74,7 +59,8 @@ class ScriptingCommand : public CollectStoreTest {
     return file;
   }
 
-  fs::path dir_;
+  tgtest::ScratchDir scratch_{"tg_cli"};
+  const fs::path& dir_ = scratch_.dir();
 };
 
 TEST_F(ScriptingCommand, UsageAndFailuresGoToStandardErrorWithTheirStatus) {

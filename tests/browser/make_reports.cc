@@ -67,6 +67,16 @@ TempoGaugingSystemInfo recordNamed(std::string_view processor) {
   return record;
 }
 
+// Names made of markup, quotes, backslashes and percent signs, to be shown as
+// text and never run.
+RawPointVector hostileRun() {
+  tgreport::RunBuilder run(false);
+  run.open("Hostile names");
+  for (const char* name : kHostileNames) run.phase(name, 0.25);
+  run.close("Hostile names", 0.0);
+  return run.take();
+}
+
 int writeReports(const fs::path& dir) {
   TempoGauge* store = TempoGauge::instance();
   std::ofstream index(dir / "index.txt");
@@ -77,56 +87,33 @@ int writeReports(const fs::path& dir) {
     ok = ok && written;
   };
   const auto record = recordNamed("Test CPU <model> \"X\"");
+  const auto lhsRecord = recordNamed("Left CPU");
+  const auto rhsRecord = recordNamed("Right CPU");
+  const auto single = [&](const std::string& name, bool aggregateOnly, const std::string& metric, RawPointVector raw) {
+    const auto write = aggregateOnly ? writeAggregateReport : writeDetailReport;
+    note(name, write(store, (dir / name).string(), "Workload", "Workload", metric, false, &raw, &record));
+  };
+  const auto comparison = [&](const std::string& name, bool aggregateOnly, const std::string& metric,
+                              RawPointVector lhs, RawPointVector rhs, std::string_view lhsLabel,
+                              std::string_view rhsLabel, bool twoRecords) {
+    const auto write = aggregateOnly ? writeAggregateDifferenceReport : writeDifferenceReport;
+    note(name, write(store, (dir / name).string(), "Workload", lhsLabel, rhsLabel, &lhs, &rhs,
+                     twoRecords ? &lhsRecord : &record, twoRecords ? &rhsRecord : &record, metric));
+  };
   for (const std::string metric : {"time", "basicmemory", "detailedmemory"}) {
-    auto many = manyPhases(150, true);
-    const auto file = "aggregate_" + metric + ".html";
-    note(file, writeAggregateReport(store, (dir / file).string(), "Workload", "Workload", metric, false, &many,
-                                    &record));
-    auto detailRun = manyPhases(40, true);
-    const auto detail = "detail_" + metric + ".html";
-    note(detail, writeDetailReport(store, (dir / detail).string(), "Workload", "Workload", metric, false,
-                                   &detailRun, &record));
-
-    auto lhs = comparedRun(false, true);
-    auto rhs = comparedRun(true, true);
-    const auto lhsRecord = recordNamed("Left CPU");
-    const auto rhsRecord = recordNamed("Right CPU");
-    const auto diff = "aggdiff_" + metric + ".html";
-    note(diff, writeAggregateDifferenceReport(store, (dir / diff).string(), "Workload", "Before <run>", "After",
-                                              &lhs, &rhs, &lhsRecord, &rhsRecord, metric));
-    auto lhs2 = comparedRun(false, true);
-    auto rhs2 = comparedRun(true, true);
-    const auto fullDiff = "diff_" + metric + ".html";
-    note(fullDiff, writeDifferenceReport(store, (dir / fullDiff).string(), "Workload", "Before", "After", &lhs2,
-                                         &rhs2, &lhsRecord, &rhsRecord, metric));
+    single("aggregate_" + metric + ".html", true, metric, manyPhases(150, true));
+    single("detail_" + metric + ".html", false, metric, manyPhases(40, true));
+    comparison("aggdiff_" + metric + ".html", true, metric, comparedRun(false, true), comparedRun(true, true),
+               "Before <run>", "After", true);
+    comparison("diff_" + metric + ".html", false, metric, comparedRun(false, true), comparedRun(true, true), "Before",
+               "After", true);
   }
   // A metric word without columns of its own still gives working pages.
-  auto many = manyPhases(50, false);
-  note("aggregate_unknown_metric.html", writeAggregateReport(store, (dir / "aggregate_unknown_metric.html").string(),
-                                                             "Workload", "Workload", "cycles", false, &many, &record));
-  auto lhs = comparedRun(false, false);
-  auto rhs = comparedRun(true, false);
-  note("aggdiff_unknown_metric.html",
-       writeAggregateDifferenceReport(store, (dir / "aggdiff_unknown_metric.html").string(), "Workload", "Before",
-                                      "After", &lhs, &rhs, &record, &record, "cycles"));
-  // Names made of markup, quotes, backslashes and percent signs are shown as
-  // text and never run.
-  const auto hostileRun = [] {
-    tgreport::RunBuilder run(false);
-    run.open("Hostile names");
-    for (const char* name : kHostileNames) run.phase(name, 0.25);
-    run.close("Hostile names", 0.0);
-    return run.take();
-  };
-  auto hostile = hostileRun();
-  note("aggregate_hostile_names.html",
-       writeAggregateReport(store, (dir / "aggregate_hostile_names.html").string(), "Workload", "Workload", "time",
-                            false, &hostile, &record));
-  auto hostileLhs = hostileRun();
-  auto hostileRhs = hostileRun();
-  note("diff_hostile_names.html",
-       writeDifferenceReport(store, (dir / "diff_hostile_names.html").string(), "Workload", "<b>left</b>",
-                             "right's", &hostileLhs, &hostileRhs, &record, &record, "time"));
+  single("aggregate_unknown_metric.html", true, "cycles", manyPhases(50, false));
+  comparison("aggdiff_unknown_metric.html", true, "cycles", comparedRun(false, false), comparedRun(true, false),
+             "Before", "After", false);
+  single("aggregate_hostile_names.html", true, "time", hostileRun());
+  comparison("diff_hostile_names.html", false, "time", hostileRun(), hostileRun(), "<b>left</b>", "right's", false);
   return ok ? 0 : 1;
 }
 

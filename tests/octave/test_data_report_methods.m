@@ -17,6 +17,13 @@
 %!  error ("expected the error %s, but nothing was raised", id);
 %!endfunction
 
+## Each row: the name of the message ID, a text its message holds, the call.
+%!function expect_errors (cases)
+%!  for i = 1:rows (cases)
+%!    expect_error (["tempogauge:TempoGauge:" cases{i,1}], cases{i,2}, cases{i,3});
+%!  endfor
+%!endfunction
+
 ## Logs a small nested run into `grouping`: outer > inner, twice.
 %!function log_run (grouping)
 %!  GaugeKit.Tracer.enable (grouping, true);
@@ -50,12 +57,11 @@
 %! assert (all (cellfun (@(r) strcmp (r{4}, "OctClearB"), raw)));
 %! GaugeKit.Tracer.clearRawData ();
 %! assert (numel (GaugeKit.Tracer.getRawData ()), 0);
-%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
-%!                  @() GaugeKit.Tracer.clearRawData (1, 2, 3, 4, 5, 6, 7));
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "6",
-%!                  @() GaugeKit.Tracer.clearRawData ("grouping", "a", "model", "b", "target", "c", "model", "d"));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "", @() GaugeKit.Tracer.clearRawData ("target", "t"));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "", @() GaugeKit.Tracer.clearRawData ("phase", "p"));
+%!test expect_errors ({
+%!  "ExpectedEvenNumberOfParameters", "", @() GaugeKit.Tracer.clearRawData(1, 2, 3, 4, 5, 6, 7)
+%!  "MaxParamsExceeded", "6", @() GaugeKit.Tracer.clearRawData("grouping", "a", "model", "b", "target", "c", "model", "d")
+%!  "InvalidNames", "", @() GaugeKit.Tracer.clearRawData("target", "t")
+%!  "InvalidNames", "", @() GaugeKit.Tracer.clearRawData("phase", "p")});
 
 ## getRawData and getProcessedData.
 %!test
@@ -77,16 +83,12 @@
 %! r = GaugeKit.Tracer.getProcessedData ("grouping", "OctData", "model", "OctNoModel");
 %! assert (numel (r), 0);
 %! GaugeKit.Tracer.clearRawData ();
-%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
-%!                  @() GaugeKit.Tracer.getProcessedData ("grouping"));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'grouping' or 'model'",
-%!                  @() GaugeKit.Tracer.getProcessedData (3, "x"));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "grouping",
-%!                  @() GaugeKit.Tracer.getProcessedData ("Grouping", 3));
-%!test expect_error ("tempogauge:TempoGauge:AddGroupingExpectedString", "",
-%!                  @() GaugeKit.Tracer.getProcessedData ("model", {"m", 1}));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.getProcessedData ("target", "t"));
+%!test expect_errors ({
+%!  "ExpectedEvenNumberOfParameters", "", @() GaugeKit.Tracer.getProcessedData("grouping")
+%!  "ExpectedNames", "'grouping' or 'model'", @() GaugeKit.Tracer.getProcessedData(3, "x")
+%!  "ParameterMismatchString", "grouping", @() GaugeKit.Tracer.getProcessedData("Grouping", 3)
+%!  "AddGroupingExpectedString", "", @() GaugeKit.Tracer.getProcessedData("model", {"m", 1})
+%!  "InvalidNames", "", @() GaugeKit.Tracer.getProcessedData("target", "t")});
 
 ## saveToFile, loadTracerData: a round trip keeps the order of the points,
 ## and Octave reads the file as a data file with the three variables.
@@ -118,15 +120,12 @@
 %! GaugeKit.Tracer.clearRawData ();
 %! confirm_recursive_rmdir (false, "local");
 %! rmdir (dir, "s");
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Filename",
-%!                  @() GaugeKit.Tracer.saveToFile (42));
-%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "no-such-folder",
-%!                  @() GaugeKit.Tracer.saveToFile (fullfile (tempdir (), "no-such-folder", "x.orf")));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Filename",
-%!                  @() GaugeKit.Tracer.loadTracerData ({"a.orf"}));
-%!test expect_error ("tempogauge:TempoGauge:MissingOrfExt", "", @() GaugeKit.Tracer.loadTracerData ("trace.mat"));
-%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "absent.orf.bak",
-%!                  @() GaugeKit.Tracer.loadTracerData (fullfile (tempdir (), "absent.orf.bak")));
+%!test expect_errors ({
+%!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.saveToFile(42)
+%!  "OpenFileFailed", "no-such-folder", @() GaugeKit.Tracer.saveToFile(fullfile(tempdir(), "no-such-folder", "x.orf"))
+%!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.loadTracerData({"a.orf"})
+%!  "MissingOrfExt", "", @() GaugeKit.Tracer.loadTracerData("trace.mat")
+%!  "OpenFileFailed", "absent.orf.bak", @() GaugeKit.Tracer.loadTracerData(fullfile(tempdir(), "absent.orf.bak"))});
 
 ## saveCWStartupData: only the start-up grouping, by default into
 ## CWStartupData.orf in the current folder.
@@ -159,10 +158,9 @@
 %!   confirm_recursive_rmdir (false, "local");
 %!   rmdir (dir, "s");
 %! end_unwind_protect
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "1",
-%!                  @() GaugeKit.Tracer.saveCWStartupData ("a.orf", "b.orf"));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Filename",
-%!                  @() GaugeKit.Tracer.saveCWStartupData (1));
+%!test expect_errors ({
+%!  "MaxParamsExceeded", "1", @() GaugeKit.Tracer.saveCWStartupData("a.orf", "b.orf")
+%!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.saveCWStartupData(1)});
 
 ## generateHTMLReport and generateAggregateReport, from the store and from a file.
 %!test
@@ -180,26 +178,17 @@
 %! assert (is_report (fullfile (dir, "agg.html")));
 %! confirm_recursive_rmdir (false, "local");
 %! rmdir (dir, "s");
-%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "2",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile"));
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "8",
-%!                  @() GaugeKit.Tracer.generateHTMLReport (1, 2, 3, 4, 5, 6, 7, 8, 9, 10));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", "a.html", "grouping"));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.generateHTMLReport (1, "a.html"));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("file", "a.html"));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "htmlfile",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", 1));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "showmeta",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", "a.html", "showmeta", "yes"));
-%!test expect_error ("tempogauge:TempoGauge:InvalidMetric", "detailedmemory",
-%!                  @() GaugeKit.Tracer.generateAggregateReport ("htmlfile", "a.html", "metric", "space"));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'htmlfile' must be set",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("grouping", "GLOBAL"));
-%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "absent.orf",
-%!                  @() GaugeKit.Tracer.generateHTMLReport ("htmlfile", "a.html", "orffile", "absent.orf"));
+%!test expect_errors ({
+%!  "MinParamsNotReached", "2", @() GaugeKit.Tracer.generateHTMLReport("htmlfile")
+%!  "MaxParamsExceeded", "8", @() GaugeKit.Tracer.generateHTMLReport(1, 2, 3, 4, 5, 6, 7, 8, 9, 10)
+%!  "ExpectedEvenNumberOfParameters", "", @() GaugeKit.Tracer.generateHTMLReport("htmlfile", "a.html", "grouping")
+%!  "InvalidNames", "", @() GaugeKit.Tracer.generateHTMLReport(1, "a.html")
+%!  "InvalidNames", "", @() GaugeKit.Tracer.generateHTMLReport("file", "a.html")
+%!  "ParameterMismatchString", "htmlfile", @() GaugeKit.Tracer.generateHTMLReport("htmlfile", 1)
+%!  "ParameterMismatchString", "showmeta", @() GaugeKit.Tracer.generateHTMLReport("htmlfile", "a.html", "showmeta", "yes")
+%!  "InvalidMetric", "detailedmemory", @() GaugeKit.Tracer.generateAggregateReport("htmlfile", "a.html", "metric", "space")
+%!  "ExpectedNames", "'htmlfile' must be set", @() GaugeKit.Tracer.generateHTMLReport("grouping", "GLOBAL")
+%!  "OpenFileFailed", "absent.orf", @() GaugeKit.Tracer.generateHTMLReport("htmlfile", "a.html", "orffile", "absent.orf")});
 %!test
 %! GaugeKit.Tracer.clearRawData ();
 %! expect_error ("tempogauge:TempoGauge:NoRawTracerData", "",
@@ -229,36 +218,24 @@
 %!               @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", fullfile (dir, "d.html"), "lhsfile", file));
 %! confirm_recursive_rmdir (false, "local");
 %! rmdir (dir, "s");
-%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "4",
-%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html"));
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "8",
-%!                  @() GaugeKit.Tracer.generateDifferenceReport (1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedEvenNumberOfParameters", "",
-%!                  @() GaugeKit.Tracer.generateAggregateDifferenceReport ("htmlfile", "a", "lhsfile", "b", "c"));
-%!test expect_error ("tempogauge:TempoGauge:UnexpectedValue", "lhsfile",
-%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "lhsfile", 3));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "metric",
-%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "metric", 3));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'htmlfile' and one of 'lhsfile' or 'rhsfile' to be set.",
-%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "lhslabel", "x"));
-%!test expect_error ("tempogauge:TempoGauge:OpenFileFailed", "absent.orf",
-%!                  @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", "a.html", "rhsfile", "absent.orf"));
+%!test expect_errors ({
+%!  "MinParamsNotReached", "4", @() GaugeKit.Tracer.generateDifferenceReport("htmlfile", "a.html")
+%!  "MaxParamsExceeded", "8", @() GaugeKit.Tracer.generateDifferenceReport(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14)
+%!  "ExpectedEvenNumberOfParameters", "", @() GaugeKit.Tracer.generateAggregateDifferenceReport("htmlfile", "a", "lhsfile", "b", "c")
+%!  "UnexpectedValue", "lhsfile", @() GaugeKit.Tracer.generateDifferenceReport("htmlfile", "a.html", "lhsfile", 3)
+%!  "ParameterMismatchString", "metric", @() GaugeKit.Tracer.generateDifferenceReport("htmlfile", "a.html", "metric", 3)
+%!  "ExpectedNames", "'htmlfile' and one of 'lhsfile' or 'rhsfile' to be set.", @() GaugeKit.Tracer.generateDifferenceReport("htmlfile", "a.html", "lhslabel", "x")
+%!  "OpenFileFailed", "absent.orf", @() GaugeKit.Tracer.generateDifferenceReport("htmlfile", "a.html", "rhsfile", "absent.orf")});
 
 ## The start-up reports' own checks.
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "4",
-%!                  @() GaugeKit.Tracer.generateCWStartupReport ("htmlfile", "a", "orffile", "b", "metric", "time"));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "nosuchoption",
-%!                  @() GaugeKit.Tracer.generateCWStartupReport ("NoSuchOption", 1));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.generateCWStartupReport ("grouping", "G"));
-%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "2",
-%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport ());
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "10",
-%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport (1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport ("metric", "time"));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "at least one of 'lhsfile' or 'rhsfile' must be set",
-%!                  @() GaugeKit.Tracer.generateCWStartupDifferenceReport ("htmlfile", "a.html"));
+%!test expect_errors ({
+%!  "MaxParamsExceeded", "4", @() GaugeKit.Tracer.generateCWStartupReport("htmlfile", "a", "orffile", "b", "metric", "time")
+%!  "ParameterMismatchString", "nosuchoption", @() GaugeKit.Tracer.generateCWStartupReport("NoSuchOption", 1)
+%!  "InvalidNames", "", @() GaugeKit.Tracer.generateCWStartupReport("grouping", "G")
+%!  "MinParamsNotReached", "2", @() GaugeKit.Tracer.generateCWStartupDifferenceReport()
+%!  "MaxParamsExceeded", "10", @() GaugeKit.Tracer.generateCWStartupDifferenceReport(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12)
+%!  "InvalidNames", "", @() GaugeKit.Tracer.generateCWStartupDifferenceReport("metric", "time")
+%!  "ExpectedNames", "at least one of 'lhsfile' or 'rhsfile' must be set", @() GaugeKit.Tracer.generateCWStartupDifferenceReport("htmlfile", "a.html")});
 
 ## diagnosticReport: case-sensitive names, the class tested before the name.
 %!test
@@ -274,11 +251,8 @@
 %! assert (exist (fullfile (dir, "empty.html"), "file"), 2);
 %! confirm_recursive_rmdir (false, "local");
 %! rmdir (dir, "s");
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "6",
-%!                  @() GaugeKit.Tracer.diagnosticReport (1, 2, 3, 4, 5, 6, 7, 8));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.diagnosticReport ("HTMLFILE", "a.html"));
-%!test expect_error ("tempogauge:TempoGauge:UnexpectedValue", "whatever",
-%!                  @() GaugeKit.Tracer.diagnosticReport ("whatever", 1));
-%!test expect_error ("tempogauge:TempoGauge:ExpectedNames", "'htmlfile' must be set.",
-%!                  @() GaugeKit.Tracer.diagnosticReport ("grouping", "GLOBAL"));
+%!test expect_errors ({
+%!  "MaxParamsExceeded", "6", @() GaugeKit.Tracer.diagnosticReport(1, 2, 3, 4, 5, 6, 7, 8)
+%!  "InvalidNames", "", @() GaugeKit.Tracer.diagnosticReport("HTMLFILE", "a.html")
+%!  "UnexpectedValue", "whatever", @() GaugeKit.Tracer.diagnosticReport("whatever", 1)
+%!  "ExpectedNames", "'htmlfile' must be set.", @() GaugeKit.Tracer.diagnosticReport("grouping", "GLOBAL")});

@@ -18,6 +18,13 @@
 %!  error ("expected the error %s, but nothing was raised", id);
 %!endfunction
 
+## Each row: the name of the message ID, a text its message holds, the call.
+%!function expect_errors (cases)
+%!  for i = 1:rows (cases)
+%!    expect_error (["tempogauge:TempoGauge:" cases{i,1}], cases{i,2}, cases{i,3});
+%!  endfor
+%!endfunction
+
 %!function n = stored_points ()
 %!  n = numel (GaugeKit.Tracer.getRawData ());
 %!endfunction
@@ -35,8 +42,8 @@
 %!test
 %! assert (GaugeKit.Tracer.setUseDetailedExceptionDiagnostics (true), true);
 %! assert (GaugeKit.Tracer.setUseDetailedExceptionDiagnostics (false), false);
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
-%!                  @() GaugeKit.Tracer.setUseDetailedExceptionDiagnostics (1));
+%!test expect_errors ({
+%!  "ParameterMismatchBoolean", "Enable", @() GaugeKit.Tracer.setUseDetailedExceptionDiagnostics(1)});
 
 ## Package-level functions.
 %!test
@@ -92,28 +99,18 @@
 %! GaugeKit.Tracer.logORRERYData ("OctLog", "outer", true);
 %! assert (stored_points (), 6);
 %! GaugeKit.Tracer.clearRawData ();
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Grouping",
-%!                  @() GaugeKit.Tracer.logORRERYData (1, 2, 3));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Phase",
-%!                  @() GaugeKit.Tracer.logORRERYData ("g", 1, 3));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Phase",
-%!                  @() GaugeKit.Tracer.logORRERYData ("g", "", true));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Start of Phase",
-%!                  @() GaugeKit.Tracer.logORRERYData ("g", "p", 1));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Model Name",
-%!                  @() GaugeKit.Tracer.logCogwheelData ("g", 1, 2, "p", 3));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Target Name",
-%!                  @() GaugeKit.Tracer.logCogwheelData ("g", "m", {"t"}, "p", true));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Start of Phase",
-%!                  @() GaugeKit.Tracer.logCogwheelData ("g", "m", "t", "p", "yes"));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Machine Name",
-%!                  @() GaugeKit.Tracer.logLoomchartData ("g", "m", "t", 4, 5, "p", true));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Chart Name",
-%!                  @() GaugeKit.Tracer.logLoomchartData ("g", "m", "t", "mc", 5, "p", true));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Phase",
-%!                  @() GaugeKit.Tracer.logCWStartupData (["ab"; "cd"], true));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Start of Phase",
-%!                  @() GaugeKit.Tracer.logCWStartupData ("p", [true true]));
+%!test expect_errors ({
+%!  "ParameterMismatchString", "Grouping", @() GaugeKit.Tracer.logORRERYData(1, 2, 3)
+%!  "ParameterMismatchString", "Phase", @() GaugeKit.Tracer.logORRERYData("g", 1, 3)
+%!  "ParameterMismatchString", "Phase", @() GaugeKit.Tracer.logORRERYData("g", "", true)
+%!  "ParameterMismatchBoolean", "Start of Phase", @() GaugeKit.Tracer.logORRERYData("g", "p", 1)
+%!  "ParameterMismatchString", "Model Name", @() GaugeKit.Tracer.logCogwheelData("g", 1, 2, "p", 3)
+%!  "ParameterMismatchString", "Target Name", @() GaugeKit.Tracer.logCogwheelData("g", "m", {"t"}, "p", true)
+%!  "ParameterMismatchBoolean", "Start of Phase", @() GaugeKit.Tracer.logCogwheelData("g", "m", "t", "p", "yes")
+%!  "ParameterMismatchString", "Machine Name", @() GaugeKit.Tracer.logLoomchartData("g", "m", "t", 4, 5, "p", true)
+%!  "ParameterMismatchString", "Chart Name", @() GaugeKit.Tracer.logLoomchartData("g", "m", "t", "mc", 5, "p", true)
+%!  "ParameterMismatchString", "Phase", @() GaugeKit.Tracer.logCWStartupData(["ab"; "cd"], true)
+%!  "ParameterMismatchBoolean", "Start of Phase", @() GaugeKit.Tracer.logCWStartupData("p", [true true])});
 
 ## enable: the count first, then the grouping, then the value.
 %!test
@@ -122,11 +119,11 @@
 %! assert (GaugeKit.Tracer.enable ("OctEnable"), true);
 %! assert (GaugeKit.Tracer.enable ("OctEnable", false), false);
 %! assert (GaugeKit.Tracer.enable ("OctEnable"), false);
-%!test expect_error ("tempogauge:TempoGauge:MaxParamsExceeded", "2", @() GaugeKit.Tracer.enable (1, 2, 3));
-%!test expect_error ("tempogauge:TempoGauge:MinParamsNotReached", "1", @() GaugeKit.Tracer.enable ());
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "Grouping", @() GaugeKit.Tracer.enable (1, 2));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
-%!                  @() GaugeKit.Tracer.enable ("OctEnable", "on"));
+%!test expect_errors ({
+%!  "MaxParamsExceeded", "2", @() GaugeKit.Tracer.enable(1, 2, 3)
+%!  "MinParamsNotReached", "1", @() GaugeKit.Tracer.enable()
+%!  "ParameterMismatchString", "Grouping", @() GaugeKit.Tracer.enable(1, 2)
+%!  "ParameterMismatchBoolean", "Enable", @() GaugeKit.Tracer.enable("OctEnable", "on")});
 
 ## The three switches return the value they were given.
 %!test
@@ -155,12 +152,10 @@
 %! assert (raw{1}{10} > 0);   # resident memory of the detailed sample
 %! assert (GaugeKit.Tracer.enableDetailedMemStats (false), false);
 %! GaugeKit.Tracer.clearRawData ();
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
-%!                  @() GaugeKit.Tracer.enableGlobalLogging ("true"));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
-%!                  @() GaugeKit.Tracer.enableCWStartupLogging (1));
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchBoolean", "Enable",
-%!                  @() GaugeKit.Tracer.enableDetailedMemStats ([]));
+%!test expect_errors ({
+%!  "ParameterMismatchBoolean", "Enable", @() GaugeKit.Tracer.enableGlobalLogging("true")
+%!  "ParameterMismatchBoolean", "Enable", @() GaugeKit.Tracer.enableCWStartupLogging(1)
+%!  "ParameterMismatchBoolean", "Enable", @() GaugeKit.Tracer.enableDetailedMemStats([])});
 
 ## addGrouping, removeGrouping.
 %!test
@@ -169,20 +164,18 @@
 %! assert (GaugeKit.Tracer.enable ("OctChildA"), true);
 %! GaugeKit.Tracer.removeGrouping ("OctParent");
 %! GaugeKit.Tracer.enable ("OctChildA", false);
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "", @() GaugeKit.Tracer.addGrouping (1, {}));
-%!test expect_error ("tempogauge:TempoGauge:UnexpectedValue", "OctBad",
-%!                  @() GaugeKit.Tracer.addGrouping ("OctBad", "child"));
-%!test expect_error ("tempogauge:TempoGauge:AddGroupingExpectedString", "",
-%!                  @() GaugeKit.Tracer.addGrouping ("OctBad", {"a", 2}));
+%!test expect_errors ({
+%!  "InvalidNames", "", @() GaugeKit.Tracer.addGrouping(1, {})
+%!  "UnexpectedValue", "OctBad", @() GaugeKit.Tracer.addGrouping("OctBad", "child")
+%!  "AddGroupingExpectedString", "", @() GaugeKit.Tracer.addGrouping("OctBad", {"a", 2})});
 %!test
 %! GaugeKit.Tracer.addGrouping ("OctTwice", {"OctTwiceChild"});
 %! expect_error ("tempogauge:TempoGauge:AddGroupingError", "OctTwice",
 %!               @() GaugeKit.Tracer.addGrouping ("OctTwice", {"OctTwiceChild"}));
 %! GaugeKit.Tracer.removeGrouping ("OctTwice");
-%!test expect_error ("tempogauge:TempoGauge:ParameterMismatchString", "grouping",
-%!                  @() GaugeKit.Tracer.removeGrouping (7));
-%!test expect_error ("tempogauge:TempoGauge:RemoveGroupingError", "OctNoSuchGrouping",
-%!                  @() GaugeKit.Tracer.removeGrouping ("OctNoSuchGrouping"));
+%!test expect_errors ({
+%!  "ParameterMismatchString", "grouping", @() GaugeKit.Tracer.removeGrouping(7)
+%!  "RemoveGroupingError", "OctNoSuchGrouping", @() GaugeKit.Tracer.removeGrouping("OctNoSuchGrouping")});
 
 ## setStatisticsTypeForModel: the model's points carry the type's name.
 %!test
@@ -192,7 +185,6 @@
 %! raw = GaugeKit.Tracer.getRawData ();
 %! assert (raw{end}{7}, "OctStats");
 %! GaugeKit.Tracer.clearRawData ();
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.setStatisticsTypeForModel ("", "type"));
-%!test expect_error ("tempogauge:TempoGauge:InvalidNames", "",
-%!                  @() GaugeKit.Tracer.setStatisticsTypeForModel ("model", 5));
+%!test expect_errors ({
+%!  "InvalidNames", "", @() GaugeKit.Tracer.setStatisticsTypeForModel("", "type")
+%!  "InvalidNames", "", @() GaugeKit.Tracer.setStatisticsTypeForModel("model", 5)});
