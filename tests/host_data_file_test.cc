@@ -12,6 +12,7 @@
 #include <matio.h>
 
 #include "host/data_file.h"
+#include "scratch_files.h"
 
 namespace fs = std::filesystem;
 
@@ -19,15 +20,7 @@ namespace {
 
 class DataFile : public ::testing::Test {
  protected:
-  void SetUp() override {
-    dir_ = fs::temp_directory_path() /
-           ("tg_data_file_" + std::to_string(::getpid()) + "_" +
-            ::testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-  }
-  void TearDown() override { fs::remove_all(dir_); }
-  std::string path(const std::string& name) const { return (dir_ / name).string(); }
+  std::string path(const std::string& name) const { return scratch_.path(name); }
 
   static std::vector<char> bytesOf(const std::string& file) {
     std::ifstream in(file, std::ios::binary);
@@ -72,7 +65,7 @@ class DataFile : public ::testing::Test {
     orfClose(f);
   }
 
-  fs::path dir_;
+  tgtest::ScratchDir scratch_{"tg_data_file"};
 };
 
 TEST_F(DataFile, EveryClassComesBackAsWritten) {
@@ -278,7 +271,7 @@ TEST_F(DataFile, MissingEmptyAndUnwritableFilesDoNotOpen) {
   writeBytes(path("empty.orf"), {});
   EXPECT_FALSE(orfOpen(path("empty.orf"), "r"));
   EXPECT_FALSE(orfOpen(path("no/such/folder/x.orf"), "w"));
-  EXPECT_FALSE(orfOpen(dir_.string(), "r"));  // a folder
+  EXPECT_FALSE(orfOpen(scratch_.dir().string(), "r"));  // a folder
   // Text that is not a data file, even if long enough for a header.
   writeBytes(path("text.orf"), std::vector<char>(300, 'a'));
   EXPECT_FALSE(orfOpen(path("text.orf"), "r"));
