@@ -1,5 +1,7 @@
 // Clearing raw points and reading them out: what each clear removes, keeps
 // and resets, and copies that are independent of the store.
+#include <functional>
+
 #include "collect_store_reset.h"
 
 namespace {
@@ -54,64 +56,54 @@ TEST_F(ClearingTest, ClearingEverythingKeepsGroupingsAndRestartsOtherIds) {
   EXPECT_EQ(rawAt(0)->groupingId, id);
 }
 
-TEST_F(ClearingTest, GroupingAndModelClearSparesHostPointsAndResetsTypes) {
-  tgSetStatisticsTypeForModel("m", "type");
-  tgLogORRERYData(grouping, "host", true);
-  tgLogCogwheelData(grouping, "m", "t1", "cw1", true);
-  tgLogLoomchartData(grouping, "m", "t2", "mc", "c", "lc", true);
-  tgLogCogwheelData(grouping, "m2", "t1", "otherModel", true);
-  tgLogCogwheelData(other, "m", "t1", "otherGrouping", true);
-  tgClearRawData(grouping, "m");
-  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"host", "otherModel", "otherGrouping"}));
-  EXPECT_EQ(statisticsTypeEntries(), 0u);
-  // Names of removed points stay interned.
-  EXPECT_NE(store().findId(tg::kPhaseKind, "cw1"), -1);
-}
-
-TEST_F(ClearingTest, TwoStringClearOfUnknownNamesStillResetsTypes) {
-  tgSetStatisticsTypeForModel("m", "type");
-  tgLogCogwheelData(grouping, "m", "t", "kept", true);
-  tgClearRawData(unique("Nobody"), "nomodel");
-  EXPECT_EQ(rawCount(), 1u);
-  EXPECT_EQ(statisticsTypeEntries(), 0u);
-  EXPECT_EQ(store().findId(tg::kModelKind, "nomodel"), -1);
-}
-
-TEST_F(ClearingTest, ThreeStringClearNarrowsByTargetAndKeepsTypes) {
-  tgSetStatisticsTypeForModel("m", "type");
-  tgLogCogwheelData(grouping, "m", "t1", "a", true);
-  tgLogCogwheelData(grouping, "m", "t1", "b", false);
-  tgLogCogwheelData(grouping, "m", "t2", "c", true);
-  tgLogLoomchartData(grouping, "m", "t1", "mc", "ch", "d", true);
-  tgClearRawData(grouping, "m", "t1");
-  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"c"}));
-  EXPECT_EQ(statisticsTypeEntries(), 1u);
-}
-
-TEST_F(ClearingTest, GroupingClearTakesEveryClassAndAdjacentRuns) {
-  tgLogORRERYData(grouping, "a", true);
-  tgLogCogwheelData(grouping, "m", "t", "b", true);
-  tgLogLoomchartData(grouping, "m", "t", "mc", "c", "c", true);
-  tgLogORRERYData(other, "kept", true);
-  tgLogORRERYData(grouping, "d", true);
-  tgClearRawGroupingData(grouping);
-  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"kept"}));
+// Each narrowing clear on one trace of every class, two groupings and two
+// models; the four-string form is not an export.
+TEST_F(ClearingTest, NarrowingClearsTakeTheirPointsOnly) {
+  struct Case {
+    const char* what;
+    std::function<void(const std::string&, const std::string&)> clear;
+    std::vector<std::string> left;
+    std::size_t typeEntries;  // entries of the model statistics types afterwards
+  };
+  const std::vector<std::string> all{"host", "a", "b", "c", "d", "e", "f", "kept"};
+  const Case cases[] = {
+      // Grouping and model: every class of the model in the grouping; types reset.
+      {"grouping+model", [](auto& g, auto&) { tgClearRawData(g, "m"); }, {"host", "e", "f", "kept"}, 0},
+      // Unknown names clear nothing, and still reset the types.
+      {"unknown", [](auto&, auto&) { tgClearRawData(unique("Nobody"), "nomodel"); }, all, 0},
+      // A target narrows it further, and the types stay.
+      {"grouping+model+target", [](auto& g, auto&) { tgClearRawData(g, "m", "t1"); },
+       {"host", "c", "e", "f", "kept"}, 2},
+      {"grouping", [](auto& g, auto&) { tgClearRawGroupingData(g); }, {"f", "kept"}, 2},
+      // A model in any grouping; host points are spared.
+      {"model", [](auto&, auto&) { tgClearRawModelData("m"); }, {"host", "e", "kept"}, 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    tgClearRawData();
+    tgSetStatisticsTypeForModel("m", "type");
+    tgLogORRERYData(grouping, "host", true);
+    tgLogCogwheelData(grouping, "m", "t1", "a", true);
+    tgLogCogwheelData(grouping, "m", "t1", "b", false);
+    tgLogCogwheelData(grouping, "m", "t2", "c", true);
+    tgLogLoomchartData(grouping, "m", "t1", "mc", "ch", "d", true);
+    tgLogCogwheelData(grouping, "m2", "t1", "e", true);
+    tgLogCogwheelData(other, "m", "t1", "f", true);
+    tgLogORRERYData(other, "kept", true);
+    c.clear(grouping, other);
+    EXPECT_EQ(phasesLeft(), c.left);
+    EXPECT_EQ(statisticsTypeEntries(), c.typeEntries);
+    // Names of removed points stay interned; unknown names are not made.
+    EXPECT_NE(store().findId(tg::kPhaseKind, "a"), -1);
+    EXPECT_EQ(store().findId(tg::kModelKind, "nomodel"), -1);
+  }
   // An unknown grouping only matches points of grouping -1.
+  tgClearRawData();
+  tgLogORRERYData(grouping, "kept", true);
   tgEnableGlobalLogging(true);
   tgLogORRERYData(unique("Unknown"), "orphan", true);
   tgClearRawGroupingData(unique("AlsoUnknown"));
   EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"kept"}));
-}
-
-TEST_F(ClearingTest, ModelClearSparesHostPointsOfAnyGrouping) {
-  tgSetStatisticsTypeForModel("m", "type");
-  tgLogORRERYData(grouping, "host", true);
-  tgLogCogwheelData(grouping, "m", "t", "a", true);
-  tgLogCogwheelData(other, "m", "t", "b", true);
-  tgLogCogwheelData(other, "m2", "t", "c", true);
-  tgClearRawModelData("m");
-  EXPECT_EQ(phasesLeft(), (std::vector<std::string>{"host", "c"}));
-  EXPECT_EQ(statisticsTypeEntries(), 2u);  // "m" and "m2" keep their entries
 }
 
 TEST_F(ClearingTest, DeepCopyIsIndependentOfTheStore) {
