@@ -3,27 +3,6 @@
 ## the IDs they raise, in the order the methods check them. Files are written
 ## to a fresh temporary folder.
 
-%!function expect_error (id, text, fcn)
-%!  try
-%!    fcn ();
-%!  catch err
-%!    assert (err.identifier, id);
-%!    if (! isempty (text))
-%!      assert (! isempty (strfind (err.message, text)),
-%!              sprintf ("message '%s' lacks '%s'", err.message, text));
-%!    endif
-%!    return;
-%!  end_try_catch
-%!  error ("expected the error %s, but nothing was raised", id);
-%!endfunction
-
-## Each row: the name of the message ID, a text its message holds, the call.
-%!function expect_errors (cases)
-%!  for i = 1:rows (cases)
-%!    expect_error (["tempogauge:TempoGauge:" cases{i,1}], cases{i,2}, cases{i,3});
-%!  endfor
-%!endfunction
-
 ## Logs a small nested run into `grouping`: outer > inner, twice.
 %!function log_run (grouping)
 %!  GaugeKit.Tracer.enable (grouping, true);
@@ -34,11 +13,6 @@
 %!    GaugeKit.Tracer.logORRERYData (grouping, "inner", false);
 %!    GaugeKit.Tracer.logORRERYData (grouping, "outer", false);
 %!  endfor
-%!endfunction
-
-%!function dir = scratch ()
-%!  dir = tempname ();
-%!  mkdir (dir);
 %!endfunction
 
 %!function ok = is_report (file)
@@ -118,8 +92,7 @@
 %! GaugeKit.Tracer.loadTracerData (mine);
 %! assert (numel (GaugeKit.Tracer.getRawData ()), 4);
 %! GaugeKit.Tracer.clearRawData ();
-%! confirm_recursive_rmdir (false, "local");
-%! rmdir (dir, "s");
+%! remove_dir (dir);
 %!test expect_errors ({
 %!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.saveToFile(42)
 %!  "OpenFileFailed", "no-such-folder", @() GaugeKit.Tracer.saveToFile(fullfile(tempdir(), "no-such-folder", "x.orf"))
@@ -155,8 +128,7 @@
 %!   GaugeKit.Tracer.enableCWStartupLogging (false);
 %!   GaugeKit.Tracer.clearRawData ();
 %!   cd (here);
-%!   confirm_recursive_rmdir (false, "local");
-%!   rmdir (dir, "s");
+%!   remove_dir (dir);
 %! end_unwind_protect
 %!test expect_errors ({
 %!  "MaxParamsExceeded", "1", @() GaugeKit.Tracer.saveCWStartupData("a.orf", "b.orf")
@@ -176,8 +148,7 @@
 %! GaugeKit.Tracer.generateAggregateReport ("HTMLFILE", fullfile (dir, "agg.html"), "orffile", file,
 %!                                          "Metric", "Time", "showmeta", false);
 %! assert (is_report (fullfile (dir, "agg.html")));
-%! confirm_recursive_rmdir (false, "local");
-%! rmdir (dir, "s");
+%! remove_dir (dir);
 %!test expect_errors ({
 %!  "MinParamsNotReached", "2", @() GaugeKit.Tracer.generateHTMLReport("htmlfile")
 %!  "MaxParamsExceeded", "8", @() GaugeKit.Tracer.generateHTMLReport(1, 2, 3, 4, 5, 6, 7, 8, 9, 10)
@@ -216,8 +187,7 @@
 %! GaugeKit.Tracer.clearRawData ();
 %! expect_error ("tempogauge:TempoGauge:NoRawTracerDataLoaded", "current session",
 %!               @() GaugeKit.Tracer.generateDifferenceReport ("htmlfile", fullfile (dir, "d.html"), "lhsfile", file));
-%! confirm_recursive_rmdir (false, "local");
-%! rmdir (dir, "s");
+%! remove_dir (dir);
 %!test expect_errors ({
 %!  "MinParamsNotReached", "4", @() GaugeKit.Tracer.generateDifferenceReport("htmlfile", "a.html")
 %!  "MaxParamsExceeded", "8", @() GaugeKit.Tracer.generateDifferenceReport(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14)
@@ -249,8 +219,7 @@
 %! ## An empty store still gets its (empty) report.
 %! GaugeKit.Tracer.diagnosticReport ("htmlfile", fullfile (dir, "empty.html"));
 %! assert (exist (fullfile (dir, "empty.html"), "file"), 2);
-%! confirm_recursive_rmdir (false, "local");
-%! rmdir (dir, "s");
+%! remove_dir (dir);
 %!test expect_errors ({
 %!  "MaxParamsExceeded", "6", @() GaugeKit.Tracer.diagnosticReport(1, 2, 3, 4, 5, 6, 7, 8)
 %!  "InvalidNames", "", @() GaugeKit.Tracer.diagnosticReport("HTMLFILE", "a.html")

@@ -4,27 +4,6 @@
 ## check them. Run with Octave's test(); the runner puts build/octave on the
 ## path.
 
-%!function expect_error (id, text, fcn)
-%!  try
-%!    fcn ();
-%!  catch err
-%!    assert (err.identifier, id);
-%!    if (! isempty (text))
-%!      assert (! isempty (strfind (err.message, text)),
-%!              sprintf ("message '%s' lacks '%s'", err.message, text));
-%!    endif
-%!    return;
-%!  end_try_catch
-%!  error ("expected the error %s, but nothing was raised", id);
-%!endfunction
-
-## Each row: the name of the message ID, a text its message holds, the call.
-%!function expect_errors (cases)
-%!  for i = 1:rows (cases)
-%!    expect_error (["tempogauge:TempoGauge:" cases{i,1}], cases{i,2}, cases{i,3});
-%!  endfor
-%!endfunction
-
 %!function n = stored_points ()
 %!  n = numel (GaugeKit.Tracer.getRawData ());
 %!endfunction

@@ -3,16 +3,6 @@
 ## order and the cell rows of the fixed layout; files Octave writes with
 ## save -v7 and -v6 load into tempogauge with the same points.
 
-%!function dir = scratch ()
-%!  dir = tempname ();
-%!  mkdir (dir);
-%!endfunction
-
-%!function remove (dir)
-%!  confirm_recursive_rmdir (false, "local");
-%!  rmdir (dir, "s");
-%!endfunction
-
 ## One row of the layout: tag, type, phase, grouping, [model, target,
 ## [machine, chart]], statistics type, isStart, then ten doubles.
 %!function row = make_row (type, names, start, values)
@@ -74,7 +64,7 @@
 %! assert (! isempty (regexp (info.cpuSpeedStr, '^[0-9.]+ [GM]Hz$', "once")));
 %! assert (ischar (s.ORRERYRoot) && rows (s.ORRERYRoot) == 1);
 %! GaugeKit.Tracer.clearRawData ();
-%! remove (dir);
+%! remove_dir (dir);
 
 ## Files that Octave writes, compressed (-v7) and not (-v6), load with the
 ## same points, names (also beyond ASCII) and figures, in order.
@@ -107,7 +97,7 @@
 %! GaugeKit.Tracer.loadTracerData (file);
 %! assert (numel (GaugeKit.Tracer.getRawData ()), 1);
 %! GaugeKit.Tracer.clearRawData ();
-%! remove (dir);
+%! remove_dir (dir);
 
 ## Variables of the wrong kinds load as no points, and rows of unknown
 ## lengths or without their tag still load, as the tolerant reading says.
@@ -135,7 +125,7 @@
 %! assert (raw{2}{2}, int32 (0));
 %! assert (raw{2}{6}, false);
 %! GaugeKit.Tracer.clearRawData ();
-%! remove (dir);
+%! remove_dir (dir);
 
 ## A data file of another kind, or no data file at all, does not load.
 %!test
@@ -153,4 +143,4 @@
 %!     assert (err.identifier, "tempogauge:TempoGauge:OpenFileFailed");
 %!   end_try_catch
 %! endfor
-%! remove (dir);
+%! remove_dir (dir);

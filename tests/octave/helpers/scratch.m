@@ -1,0 +1,5 @@
+## dir = scratch (): a fresh temporary folder.
+function dir = scratch ()
+  dir = tempname ();
+  mkdir (dir);
+endfunction
