@@ -8,6 +8,7 @@
 #include <random>
 #include <string>
 
+#include "analysis_trace_builder.h"
 #include "tempogauge/tempogauge.h"
 #include "tempogauge/store.h"
 
@@ -17,41 +18,16 @@ constexpr std::size_t kPoints = 100000;
 
 RawPointVector buildPoints(std::size_t count) {
   std::mt19937 rng(7);
-  std::vector<std::int32_t> phases;
-  for (int i = 0; i < 200; ++i)
-    phases.push_back(tgGetId(tg::kPhaseKind, "toolbox/bench/phase_" + std::to_string(i) + ".m"));
-  const std::int32_t grouping = tgGetId(tg::kGroupingKind, "BenchFileGrouping");
-  const std::int32_t model = tgGetId(tg::kModelKind, "bench_model");
-  const std::int32_t target = tgGetId(tg::kTargetKind, "bench_target");
-  const std::int32_t machine = tgGetId(tg::kMachineKind, "bench_machine");
-  const std::int32_t chart = tgGetId(tg::kChartKind, "bench_chart");
   RawPointVector points;
   points.reserve(count);
   double wall = 1000.0;
   for (std::size_t i = 0; i < count; ++i) {
     const unsigned kind = rng() % 10;  // mostly host points
-    std::shared_ptr<TGORRERYDataPoint> p;
-    if (kind < 7) {
-      p = std::make_shared<TGORRERYDataPoint>();
-    } else if (kind < 9) {
-      auto cw = std::make_shared<TGCWGENDataPoint>();
-      cw->modelId = model;
-      cw->targetId = target;
-      p = cw;
-    } else {
-      auto lc = std::make_shared<TGLoomchartDataPoint>();
-      lc->modelId = model;
-      lc->targetId = target;
-      lc->machineId = machine;
-      lc->chartId = chart;
-      p = lc;
-    }
-    p->groupingId = grouping;
-    p->phaseId = phases[rng() % phases.size()];
-    p->flags.isStart = i % 2 == 0;
+    const tgtest::PointSite site(kind < 7 ? 0 : kind < 9 ? 1 : 2, "BenchFileGrouping",
+                                 "toolbox/bench/phase_" + std::to_string(rng() % 200) + ".m", "bench_model",
+                                 "bench_target", "bench_machine", "bench_chart");
     wall += 1e-4 * (rng() % 1000);
-    p->wallTime = wall;
-    p->cpuTime = wall * 0.8;
+    auto p = tgtest::makeRawPoint(site, i % 2 == 0, wall, wall * 0.8);
     p->basicMemStats = std::make_shared<tg::BasicMemStats>(1e8 + rng() % 100000, 2e8, 4e9 + rng() % 1000);
     p->detailedMemStats.reset();
     points.push_back(std::move(p));

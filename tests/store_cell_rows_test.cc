@@ -42,6 +42,17 @@ class CellRows : public CollectStoreTest {
     return p;
   }
 
+  // A Cogwheel point of the same grouping, model, target and type.
+  static std::shared_ptr<TGCWGENDataPoint> cogwheelLike(const TGLoomchartDataPoint& lc, const std::string& phase) {
+    auto cw = std::make_shared<TGCWGENDataPoint>();
+    cw->phaseId = id(tg::kPhaseKind, phase);
+    cw->groupingId = lc.groupingId;
+    cw->modelId = lc.modelId;
+    cw->targetId = lc.targetId;
+    cw->statisticsTypeId = lc.statisticsTypeId;
+    return cw;
+  }
+
   static std::string text(const oxArray* row, std::size_t column) {
     const oxArray* cell = oxGetCell(row, column);
     EXPECT_TRUE(oxIsCharVector(cell)) << "column " << column;
@@ -75,9 +86,11 @@ class CellRows : public CollectStoreTest {
     return points;
   }
 
-  static oxArrayPtr wrap(std::vector<oxArrayPtr> rows) {
-    auto all = oxCreateCellMatrix(1, rows.size());
-    for (std::size_t i = 0; i < rows.size(); ++i) all->setCell(i, std::move(rows[i]));
+  template <class... Rows>
+  static oxArrayPtr wrap(Rows... rows) {
+    auto all = oxCreateCellMatrix(1, sizeof...(rows));
+    std::size_t i = 0;
+    (all->setCell(i++, std::move(rows)), ...);
     return all;
   }
 
@@ -102,12 +115,7 @@ TEST_F(CellRows, LoomchartRowHasTwentyCellsInTheFixedOrder) {
 
 TEST_F(CellRows, HostAndCogwheelRowsLeaveOutTheirMissingNames) {
   const auto full = fullLoomchartPoint();
-  auto cw = std::make_shared<TGCWGENDataPoint>();
-  cw->phaseId = full->phaseId;
-  cw->groupingId = full->groupingId;
-  cw->modelId = full->modelId;
-  cw->targetId = full->targetId;
-  cw->statisticsTypeId = full->statisticsTypeId;
+  auto cw = cogwheelLike(*full, "lc phase");
   cw->wallTime = 9;
   const auto cwRow = cw->toCellArray();
   ASSERT_EQ(cwRow->numel(), 18u);
@@ -143,12 +151,7 @@ TEST_F(CellRows, PhaseNamesLoseTheHostRoot) {
 TEST_F(CellRows, WholeSetRoundTripsInOrderWithTheClassOfEachRow) {
   RawPointVector points;
   const auto lc = fullLoomchartPoint();
-  auto cw = std::make_shared<TGCWGENDataPoint>();
-  cw->phaseId = id(tg::kPhaseKind, "cw phase");
-  cw->groupingId = lc->groupingId;
-  cw->modelId = lc->modelId;
-  cw->targetId = lc->targetId;
-  cw->statisticsTypeId = lc->statisticsTypeId;
+  auto cw = cogwheelLike(*lc, "cw phase");
   cw->wallTime = 1.0 / 3.0;
   auto host = std::make_shared<TGORRERYDataPoint>();
   host->phaseId = id(tg::kPhaseKind, "host phase");
@@ -215,11 +218,7 @@ TEST_F(CellRows, WrongVersionTagKeepsDefaultsAndReadsMemoryFromColumnOne) {
   auto row = hostRow("2", 7, "tagged phase", true, {11, 12, 13});
   // Columns 1..5 are int32 7, two long texts, the empty text and a true
   // logical: the scalars among them are 7 and 1.
-  const auto back = read(wrap([&] {
-    std::vector<oxArrayPtr> rows;
-    rows.push_back(std::move(row));
-    return rows;
-  }()).get());
+  const auto back = read(wrap(std::move(row)).get());
   ASSERT_EQ(back.size(), 1u);
   const auto& p = *back[0];
   EXPECT_EQ(p.pointType, 0);
@@ -250,10 +249,7 @@ TEST_F(CellRows, UntaggedRowsAndUnknownLengthsBecomeHostPoints) {
   shortRow->setCell(0, oxCreateString("1"));
   shortRow->setCell(1, oxCreateInt32Scalar(2));
   shortRow->setCell(2, oxCreateString("short"));
-  std::vector<oxArrayPtr> rows;
-  rows.push_back(std::move(untagged));
-  rows.push_back(std::move(shortRow));
-  const auto back = read(wrap(std::move(rows)).get());
+  const auto back = read(wrap(std::move(untagged), std::move(shortRow)).get());
   ASSERT_EQ(back.size(), 2u);
   EXPECT_FALSE(std::dynamic_pointer_cast<TGCWGENDataPoint>(back[0]));
   EXPECT_EQ(back[0]->pointType, 1);
@@ -276,10 +272,7 @@ TEST_F(CellRows, CellsOfTheWrongFormGiveDefaults) {
   row->setCell(8, nullptr);                    // a null cell: 0
   auto unsignedType = hostRow("1", 0, "unsigned type", false, {});
   unsignedType->setCell(1, oxCreateUInt32Scalar(2));
-  std::vector<oxArrayPtr> rows;
-  rows.push_back(std::move(row));
-  rows.push_back(std::move(unsignedType));
-  const auto back = read(wrap(std::move(rows)).get());
+  const auto back = read(wrap(std::move(row), std::move(unsignedType)).get());
   ASSERT_EQ(back.size(), 2u);
   EXPECT_EQ(back[0]->pointType, 0);
   EXPECT_FALSE(back[0]->isStart());
@@ -289,10 +282,8 @@ TEST_F(CellRows, CellsOfTheWrongFormGiveDefaults) {
 }
 
 TEST_F(CellRows, NullElementEndsTheReading) {
-  std::vector<oxArrayPtr> rows;
-  for (int k = 0; k < 4; ++k) rows.push_back(hostRow("1", 0, "p" + std::to_string(k), true, {double(k)}));
-  rows[2].reset();
-  const auto back = read(wrap(std::move(rows)).get());
+  const auto row = [](int k) { return hostRow("1", 0, "p" + std::to_string(k), true, {double(k)}); };
+  const auto back = read(wrap(row(0), row(1), oxArrayPtr(), row(3)).get());
   ASSERT_EQ(back.size(), 2u);
   EXPECT_EQ(back[1]->wallTime, 1.0);
 }
