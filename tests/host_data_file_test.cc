@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include <matio.h>
+
 #include "host/data_file.h"
 #include "scratch_files.h"
 
@@ -125,8 +127,47 @@ TEST_F(DataFile, EveryClassComesBackAsWritten) {
   EXPECT_EQ(orfClose(in), 0);
 }
 
-// Files of Octave's own making, both ways, are tested from Octave
-// (tests/octave/test_saved_trace_interop.m).
+// matio, an independent implementation of the format, reads what we write
+// and writes what we read.
+TEST_F(DataFile, AnotherImplementationAgreesBothWays) {
+  const std::string ours = writeSample("ours.orf", 5);
+  mat_t* mat = Mat_Open(ours.c_str(), MAT_ACC_RDONLY);
+  ASSERT_NE(mat, nullptr);
+  matvar_t* rows = Mat_VarRead(mat, "Rows");
+  ASSERT_NE(rows, nullptr);
+  EXPECT_EQ(rows->class_type, MAT_C_CELL);
+  EXPECT_EQ(rows->dims[1], 5u);
+  matvar_t* row = Mat_VarGetCell(rows, 4);
+  ASSERT_NE(row, nullptr);
+  matvar_t* type = Mat_VarGetCell(row, 1);
+  ASSERT_TRUE(type && type->class_type == MAT_C_INT32);
+  EXPECT_EQ(*static_cast<const std::int32_t*>(type->data), 1);
+  matvar_t* figure = Mat_VarGetCell(row, 3);
+  ASSERT_TRUE(figure && figure->class_type == MAT_C_DOUBLE);
+  EXPECT_EQ(*static_cast<const double*>(figure->data), 2.0);
+  Mat_VarFree(rows);
+  Mat_Close(mat);
+
+  const std::string theirs = path("theirs.orf");
+  mat_t* out = Mat_CreateVer(theirs.c_str(), nullptr, MAT_FT_MAT5);
+  ASSERT_NE(out, nullptr);
+  std::size_t dims[2] = {1, 3};
+  double values[3] = {1.5, -2, 1e300};
+  matvar_t* v = Mat_VarCreate("values", MAT_C_DOUBLE, MAT_T_DOUBLE, 2, dims, values, 0);
+  const char16_t text[3] = {u'\u00e9', u't', u'\u00e9'};
+  matvar_t* t = Mat_VarCreate("text", MAT_C_CHAR, MAT_T_UTF16, 2, dims, const_cast<char16_t*>(text), 0);
+  EXPECT_EQ(Mat_VarWrite(out, v, MAT_COMPRESSION_ZLIB), 0);
+  EXPECT_EQ(Mat_VarWrite(out, t, MAT_COMPRESSION_NONE), 0);
+  Mat_VarFree(v);
+  Mat_VarFree(t);
+  Mat_Close(out);
+  auto in = orfOpen(theirs, "r");
+  ASSERT_TRUE(in);
+  const auto back = orfGetVariable(in.get(), "values");
+  ASSERT_TRUE(back && back->classID() == oxDOUBLE_CLASS);
+  EXPECT_EQ(back->doubles(), (std::vector<double>{1.5, -2, 1e300}));
+  EXPECT_EQ(oxArrayToStdString(orfGetVariable(in.get(), "text").get()), "\xC3\xA9t\xC3\xA9");
+}
 
 // Builds array elements in the other byte order ("MI" files), uncompressed.
 class BigEndianElements {
