@@ -21,7 +21,10 @@ test: build
 	@if [ -x tests/browser/run ]; then tests/browser/run $(BUILD); fi
 
 bench: build
-	$(BUILD)/tempogauge_bench --benchmark_repetitions=5 --benchmark_report_aggregates_only=true
+	@for b in $(BUILD)/bench/*_bench; do \
+	  echo "== $$(basename $$b)"; \
+	  $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true || exit 1; \
+	done
 	@if [ -f $(BUILD)/octave/GaugeKit.oct ]; then octave-cli -q bench/octave_log_cost.m $(BUILD); fi
 
 demo: build
