@@ -6,3 +6,4 @@
 #include "tempogauge/collect.h"
 #include "tempogauge/analysis.h"
 #include "tempogauge/report.h"
+#include "tempogauge/store.h"
