@@ -234,11 +234,15 @@ function ShowTable(tableType) {
             setElementDisplay('userInputs', 'block');
             setElementDisplay('phaseSummaryScrollTableDiv', 'block');
             setElementDisplay('phaseSummaryDiv', 'block');
-            if (resizeTabContent['Detail']) {
-                renderDetailTable();
-                resizeTabContent['Detail'] = false;
+            // A report written without the detail table's script shows the
+            // tab empty instead of stopping here with the other tabs hidden.
+            if (typeof renderDetailTable == 'function') {
+                if (resizeTabContent['Detail']) {
+                    renderDetailTable();
+                    resizeTabContent['Detail'] = false;
+                }
+                updateTotals();
             }
-            updateTotals();
             SetHeaderVisibility('phaseSumHeader', 'block');
             break;
 //#endif
@@ -246,16 +250,19 @@ function ShowTable(tableType) {
         case 'callTreeSummary':
             setElementDisplay('CT_userInputs', 'block');
             setElementDisplay('callTreeSummaryDiv', 'block');
-            if (ctDataViewCreated == false) {
-                createCTDataView();
-                ctDataViewCreated = true;
-                renderCTDetailTable();
+            // As above, for a report written without the call tree's script.
+            if (typeof createCTDataView == 'function') {
+                if (ctDataViewCreated == false) {
+                    createCTDataView();
+                    ctDataViewCreated = true;
+                    renderCTDetailTable();
+                }
+                if (resizeTabContent['CallTree']) {
+                    renderCTDetailTable();
+                    resizeTabContent['CallTree'] = false;
+                }
+                updateCTTotals();
             }
-            if (resizeTabContent['CallTree']) {
-                renderCTDetailTable();
-                resizeTabContent['CallTree'] = false;
-            }
-            updateCTTotals();
             setElementDisplay('callTreeSummaryScrollTableDiv', 'block');
             SetHeaderVisibility('callTreeHeader', 'block');
             break;

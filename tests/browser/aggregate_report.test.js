@@ -145,3 +145,14 @@ test('the memory variants of the aggregate report open with their columns', asyn
     assert.deepEqual(errors, []);
   }
 });
+
+test('the tabs of a detail report switch without errors, and the tab bar stays', async () => {
+  const { page, errors } = await openReport(browser, 'detail_time.html');
+  for (const tab of ['callTreeSummary', 'phaseSummary', 'systemInfo', 'aggregateSummary']) {
+    await page.evaluate((name) => ShowTable(name), tab);
+    await settle(page);
+    assert.equal(await page.evaluate(() => activeTab), tab);
+  }
+  assert.ok(await page.locator('#aggregateSummaryTable td[id$="col0"]').first().isVisible());
+  assert.deepEqual(errors, []);
+});
