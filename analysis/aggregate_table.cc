@@ -1,6 +1,7 @@
 #include "analysis/aggregate_table.h"
 
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "collect/constants.h"
@@ -18,7 +19,14 @@ constexpr std::int32_t kNoFold = -1;
 class SelfFolding {
  public:
   std::int32_t targetOf(std::int32_t phaseId) {
-    if (phaseId < 0) return resolve(phaseId);
+    // The phase table's ids are dense from 0; any other id (only a caller's
+    // own points carry one) is remembered in a hash table, so that it can't
+    // size the dense one.
+    if (phaseId < 0 || phaseId >= kDenseLimit) {
+      const auto [it, fresh] = sparse_.try_emplace(phaseId, kNotAsked);
+      if (fresh) it->second = resolve(phaseId);
+      return it->second;
+    }
     const auto index = static_cast<std::size_t>(phaseId);
     if (index >= targets_.size()) targets_.resize(index + 1, kNotAsked);
     if (targets_[index] == kNotAsked) targets_[index] = resolve(phaseId);
@@ -35,7 +43,9 @@ class SelfFolding {
     return tgGetId(tg::kPhaseKind, name);
   }
 
+  static constexpr std::int32_t kDenseLimit = 1 << 20;
   std::vector<std::int32_t> targets_;
+  std::unordered_map<std::int32_t, std::int32_t> sparse_;
 };
 
 }  // namespace

@@ -15,15 +15,19 @@ class NameListMatch {
   NameListMatch(std::uint32_t kind, const std::vector<std::string>& names) : kind_(kind), names_(names) {}
 
   bool contains(std::int32_t id) {
-    if (id >= 0 && static_cast<std::size_t>(id) < known_.size() && known_[id] != kUnknown) return known_[id] == kYes;
-    if (id < 0) {
-      if (const auto it = negative_.find(id); it != negative_.end()) return it->second;
+    // The ids of the name tables are dense from 0; any other id (only a
+    // caller's own points carry one) is remembered in a hash table, so that
+    // it can't size the dense one.
+    const bool dense = id >= 0 && id < kDenseLimit;
+    if (dense && static_cast<std::size_t>(id) < known_.size() && known_[id] != kUnknown) return known_[id] == kYes;
+    if (!dense) {
+      if (const auto it = sparse_.find(id); it != sparse_.end()) return it->second;
     }
     // An id that the table doesn't hold has the empty name.
     const std::string name = tgGetNameStr(kind_, id);
     const bool found = std::find(names_.begin(), names_.end(), name) != names_.end();
-    if (id < 0) {
-      negative_.emplace(id, found);
+    if (!dense) {
+      sparse_.emplace(id, found);
     } else {
       if (static_cast<std::size_t>(id) >= known_.size()) known_.resize(static_cast<std::size_t>(id) + 1, kUnknown);
       known_[id] = found ? kYes : kNo;
@@ -33,10 +37,11 @@ class NameListMatch {
 
  private:
   static constexpr std::int8_t kUnknown = -1, kNo = 0, kYes = 1;
+  static constexpr std::int32_t kDenseLimit = 1 << 20;
   std::uint32_t kind_;
   std::vector<std::string> names_;
   std::vector<std::int8_t> known_;
-  std::unordered_map<std::int32_t, bool> negative_;
+  std::unordered_map<std::int32_t, bool> sparse_;
 };
 
 bool listHasGlobal(const std::vector<std::string>& names) {
