@@ -257,8 +257,14 @@ TEST(ReportScripts, TabScriptHoldsOnlyTheViewsOfItsReport) {
                                         "callTreeHeader", "phaseSumHeader", "renderMemChart", "dialogMove"}) {
     EXPECT_EQ(aggregateOnly.find(absent), std::string::npos) << absent;
   }
-  // An aggregate-only page with the dialog body has a handler for its mouse moves.
-  EXPECT_NE(tabScript("detailedmemory", true, true, true).find("function dialogMove(event)"), std::string::npos);
+  // Every page with the dialog body has a handler for its mouse moves.
+  for (const bool comparison : {false, true}) {
+    for (const bool onlyAggregate : {false, true}) {
+      EXPECT_NE(tabScript("detailedmemory", true, comparison, onlyAggregate).find("function dialogMove(event)"),
+                std::string::npos);
+    }
+  }
+  EXPECT_EQ(tabScript("detailedmemory", false, false, false).find("dialogMove"), std::string::npos);
 
   const auto detail = tabScript("detailedmemory", true, false, false);
   expectInOrder(detail, {"case 'aggregateSummary':", "case 'systemInfo':", "case 'phaseSummary':",

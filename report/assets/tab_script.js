@@ -85,9 +85,10 @@ var getElementsByClassName = function (className, tag, elm) {
     return getElementsByClassName(className, tag, elm);
 };
 
-//#if aggregateOnly && detailedmemory && detailedMemStats
-// The body's mouse move handler drags the memory chart's pop-ups; a report
-// without the chart has none to drag.
+//#if detailedmemory && detailedMemStats
+// The body's mouse move handler drags the memory chart's pop-ups. Until a
+// chart script defines its own (a later declaration replaces this one), there
+// is none to drag.
 function dialogMove(event) {
 }
 

@@ -122,6 +122,8 @@ test('every report written opens and shows its aggregate view without a script e
     assert.equal(await page.locator('#aggregateSummaryDiv').isVisible(), true, name);
     assert.ok(await page.locator('#aggregateSummaryTable td[id$="col0"]').count() > 0, name);
     await page.setViewportSize({ width: 900, height: 600 });
+    await page.mouse.move(100, 100);
+    await page.mouse.move(400, 200);
     await settle(page);
     assert.deepEqual(errors, [], name);
     await page.close();
