@@ -129,3 +129,13 @@ test('every report written opens and shows its aggregate view without a script e
     await page.close();
   }
 });
+
+test('a phase link of the difference report opens the Details tab', async () => {
+  const { page, errors } = await openReport(browser, 'diff_time.html');
+  await page.locator('#aggregateSummaryTable td[id$="col0"] a').first().click();
+  await settle(page);
+  assert.equal(await page.evaluate(() => activeTab), 'phaseSummary');
+  assert.equal(await page.locator('.phaseSumHeader').isVisible(), true);
+  assert.equal(await page.locator('#aggregateSummaryDiv').isVisible(), false);
+  assert.deepEqual(errors, []);
+});
