@@ -1,7 +1,8 @@
 // The data arrays of a report: the script text that carries all numbers and
 // names into the page. Each emitter returns a string; the report drivers write
 // them into the page's script element in their order. Numbers are written by
-// tgFormatDouble(value, 5) (five significant digits); a value of a run that
+// tgFormatDouble(value, 5) (five significant digits; non-finite ones as the
+// script spells them, NaN and Infinity); a value of a run that
 // lacks the row is the unquoted text -99.99, which the scripts show as NA.
 // Metric words are "time", "basicmemory" and "detailedmemory"; any other word
 // gives the struct and rows with only the fixed columns.

@@ -28,7 +28,11 @@ constexpr std::string_view kDetailedColumns =
     "DllsStartAbsDev DllsStartRelDev DllsStartBkgColor NonProcessStartAbsDev NonProcessStartRelDev "
     "NonProcessStartBkgColor\");\n";
 
-std::string realText(double value) { return tgFormatDouble(value, 5); }
+std::string realText(double value) {
+  std::string text;
+  appendReal(text, value);
+  return text;
+}
 
 // The value texts of the row being written. They are kept from row to row: a
 // parent that is only in the RHS leaves its RHS self times as the row before

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -37,8 +38,18 @@ inline constexpr std::string_view kSharedVariables =
     "       var groupingStr;\n";
 
 // A real value: five significant digits, the text of tgFormatDouble(value, 5)
-// (the general format of to_chars), written straight into the output.
+// (the general format of to_chars), written straight into the output. A
+// non-finite value, which a trace file may hold, is written as the script
+// spells it: a stream's inf or nan would stop the page at its data.
 inline void appendReal(std::string& out, double value) {
+  if (std::isnan(value)) {
+    out += "NaN";
+    return;
+  }
+  if (std::isinf(value)) {
+    out += value < 0 ? "-Infinity" : "Infinity";
+    return;
+  }
   char buffer[32];
   const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::general, 5);
   out.append(buffer, result.ptr);

@@ -174,12 +174,35 @@ namespace {
 
 TEST(ReportDataNumbers, RealsAreWrittenAsTgFormatDoubleWritesThem) {
   for (const double v : {0.0, -0.0, 1234.5678, 0.000012345678, -3.25, 1e21, 123456.0, 99999.5, 1.0 / 3,
-                         std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(),
                          std::numeric_limits<double>::denorm_min()}) {
     std::string text;
     tg::report_data::appendReal(text, v);
     EXPECT_EQ(text, tgFormatDouble(v, 5)) << v;
   }
+}
+
+// A stream's inf and nan are no script values: the page would stop at the
+// data array. Non-finite values (a trace file can hold them) are written as
+// the script spells them.
+TEST(ReportDataNumbers, NonFiniteRealsAreWrittenAsScriptValues) {
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  for (const auto& [value, text] : std::initializer_list<std::pair<double, std::string_view>>{
+           {kInf, "Infinity"}, {-kInf, "-Infinity"}, {kNaN, "NaN"}, {-kNaN, "NaN"}}) {
+    std::string out;
+    tg::report_data::appendReal(out, value);
+    EXPECT_EQ(out, text) << value;
+  }
+  const auto odd = timed(point(3, 0, "1"), 0, kNaN, 0, kInf);
+  EXPECT_NE(writeProcData({odd}, "time").find("new dataStruct(0,\"1\",0,3,0, -1, -1, -1, -1,0,NaN,NaN,0,Infinity,"
+                                              "Infinity)"),
+            std::string::npos);
+  std::vector<ProcessedComparisonRow> rows;
+  rows.push_back({odd, nullptr, 1});
+  const auto diff = writeDiffProcData(rows, "time");
+  EXPECT_NE(diff.find(",NaN,NaN,Infinity,Infinity,-99.99,-99.99,-99.99,-99.99,"), std::string::npos) << diff;
+  EXPECT_EQ(diff.find("nan"), std::string::npos) << diff;
+  EXPECT_EQ(diff.find("inf"), std::string::npos) << diff;
 }
 
 }  // namespace
