@@ -11,7 +11,9 @@ void appendScriptString(std::string& out, std::string_view text) {
       case '\n': out += "\\n"; break;
       case '\r': out += "\\r"; break;
       case '<':
-        out += (k + 1 < text.size() && text[k + 1] == '/') ? "<\\" : "<";
+        // "</" could end the script element, "<!--" could keep it open past
+        // its end (with a later "<script"); the backslash keeps the string.
+        out += (k + 1 < text.size() && (text[k + 1] == '/' || text[k + 1] == '!')) ? "<\\" : "<";
         break;
       case '\xE2':
         // U+2028 and U+2029 (E2 80 A8, E2 80 A9) end a line inside older script

@@ -53,6 +53,8 @@ TEST(Escape, ScriptStringAndHtml) {
   EXPECT_EQ(escapeScriptString("Plain name_1.2/x-y z"), "Plain name_1.2/x-y z");
   EXPECT_EQ(escapeScriptString("x\ny</b"), "x\\ny<\\/b");
   EXPECT_EQ(escapeScriptString("<a>"), "<a>");
+  // "<!--" would let a later "<script" keep the script element open past its end.
+  EXPECT_EQ(escapeScriptString("<!--<script>"), "<\\!--<script>");
   EXPECT_EQ(escapeScriptString("a\xE2\x80\xA8" "b\xE2\x80\xA9" "c\xE2\x82\xAC"), "a\\u2028b\\u2029c\xE2\x82\xAC");
   EXPECT_EQ(escapeHtml("Plain name_1.2/x-y z"), "Plain name_1.2/x-y z");
   EXPECT_EQ(escapeHtml("<b a=\"1\" c='2'>&</b>"), "&lt;b a=&quot;1&quot; c=&#39;2&#39;&gt;&amp;&lt;/b&gt;");

@@ -11,6 +11,7 @@ const NAMES = [
   'it\'s "quoted" back',
   '100% done %27',
   '</script><script>window.injected = 2;</script>',
+  '<!--<script>window.injected = 3;',
 ];
 
 let browser;

@@ -25,6 +25,7 @@ const char* const kHostileNames[] = {
     "it's \"quoted\" back",
     "100% done %27",
     "</script><script>window.injected = 2;</script>",
+    "<!--<script>window.injected = 3;",
 };
 
 // A run with many distinct phases: "Phase 000" ... with growing times, and an
