@@ -1,6 +1,7 @@
 // The function object that the name GaugeKit resolves to once the adapter is
-// loaded. It acts as a package: Octave indexes it with '.' without calling
-// it, and function handles such as @GaugeKit.Tracer.enable or
+// loaded. It acts as a package: a '.' chain written after the name indexes
+// the package value that it gives when called without input, and function
+// handles such as @GaugeKit.Tracer.enable or
 // @GaugeKit.cwsvStringTableDoGarbageCollection find their member through it.
 #pragma once
 
@@ -17,7 +18,11 @@ class PackageFunction : public octave_function {
 
   octave_function* function_value(bool = false) override { return this; }
   bool is_package() const override { return true; }
-  bool accepts_postfix_index(char type) const override { return type == '.' || type == '('; }
+  // A '.' index is not taken here: Octave then calls GaugeKit with no input,
+  // which gives the package value, and indexes that with the whole chain.
+  // So GaugeKit.Tracer and a package function named without parentheses
+  // work as GaugeKit.Tracer.enable(...) does.
+  bool accepts_postfix_index(char type) const override { return type == '('; }
 
   // GaugeKit alone gives the package value; GaugeKit(path, args...) calls a member.
   octave_value_list call(octave::tree_evaluator& tw, int nargout, const octave_value_list& args) override;

@@ -49,6 +49,14 @@
 %! assert (iscell (raw));
 %! assert (class (GaugeKit), "GaugeKit");
 
+## A package function and the class named without parentheses, as Octave
+## allows for anything that takes no input.
+%!test
+%! GaugeKit.cwsvStringTableDoGarbageCollection;
+%! GaugeKit.cwsvStringTableEnableGarbageCollection
+%! assert (class (GaugeKit.Tracer), "GaugeKit.Tracer");
+%!test expect_error ("Octave:undefined-function", "GaugeKit.noSuchFunction", @() GaugeKit.noSuchFunction);
+
 ## The class system checks the counts of fixed signatures before a handler runs.
 %!test expect_error ("objsys:NotEnoughInputs", "logORRERYData", @() GaugeKit.Tracer.logORRERYData ("g", "p"));
 %!test expect_error ("objsys:TooManyInputs", "getRawData", @() GaugeKit.Tracer.getRawData (1));
