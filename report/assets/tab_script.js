@@ -93,6 +93,15 @@ function dialogMove(event) {
 }
 
 //#endif
+//#if !aggregateOnly && !comparison
+// The aggregate table's phase links lead to the call tree. The call tree's own
+// script (a later declaration replaces this one) also finds the phase there;
+// until then a link shows the tab.
+function openCallTreeTab(phaseName) {
+    ShowTable('callTreeSummary');
+}
+
+//#endif
 function SetHeaderVisibility(headerClassName, visibilityStr) {
     var headers = getElementsByClassName(headerClassName);
     if (headers == null || headers.length == 0) return;

@@ -156,3 +156,11 @@ test('the tabs of a detail report switch without errors, and the tab bar stays',
   assert.ok(await page.locator('#aggregateSummaryTable td[id$="col0"]').first().isVisible());
   assert.deepEqual(errors, []);
 });
+
+test('a phase link of a single-run detail report opens the call tree tab', async () => {
+  const { page, errors } = await openReport(browser, 'detail_time.html');
+  await page.locator('#aggregateSummaryTable td[id$="col0"] a').first().click();
+  await settle(page);
+  assert.equal(await page.evaluate(() => activeTab), 'callTreeSummary');
+  assert.deepEqual(errors, []);
+});
