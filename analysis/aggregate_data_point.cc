@@ -16,15 +16,6 @@ void TGAggregateDataPoint::addSelfTimes(const TGORRERYProcessedDataPoint& p) {
   }
 }
 
-void TGAggregateDataPoint::subtractSelfTimes(const TGORRERYProcessedDataPoint& p) {
-  wcSelf -= p.wcElapsedTime;
-  cpuSelf -= p.cpuElapsedTime;
-  if (p.basicMem) {
-    procMemUsageDeltaSelf -= p.basicMem->procMemUsageDelta;
-    procMemUsagePeakDeltaSelf -= p.basicMem->procMemUsagePeakDelta;
-  }
-}
-
 void TGAggregateDataPoint::addPoint(const TGORRERYProcessedDataPoint& p) {
   if (p.numChildren == 0) addSelfTimes(p);
   wcTotal += p.wcElapsedTime;

@@ -14,7 +14,6 @@ class TGAggregateDataPoint {
   virtual void addPoint(const TGORRERYProcessedDataPoint& point);
   // Adds the point's time and memory deltas to the self values only.
   virtual void addSelfTimes(const TGORRERYProcessedDataPoint& point);
-  virtual void subtractSelfTimes(const TGORRERYProcessedDataPoint& point);
 
   std::int32_t pointType = 0;
   std::int32_t grouping = -1;

@@ -158,9 +158,3 @@ bool readFile(const std::string& path, std::vector<Variable>& variables, bool& s
 }
 
 }  // namespace tg::level5
-
-bool tgLevel5FileIsSound(const std::string& path) {
-  std::vector<tg::level5::Variable> variables;
-  bool swapped = false;
-  return tg::level5::readFile(path, variables, swapped);
-}

@@ -28,6 +28,3 @@ bool readFile(const std::string& path, std::vector<Variable>& variables, bool& s
 bool checkArray(const Reader& r, std::uint64_t at, std::uint64_t end, int depth);
 
 }  // namespace tg::level5
-
-// True when readFile accepts `path`.
-bool tgLevel5FileIsSound(const std::string& path);

@@ -52,13 +52,6 @@ OBSClass* OBSClass::getClass(const OBSNameID& fullName) {
   return it == reg.classes.end() ? nullptr : it->second.get();
 }
 
-std::vector<std::string> OBSClass::visibleMethodNames() const {
-  std::vector<std::string> names;
-  for (const auto& method : methods_.methods())
-    if (method->isVisible()) names.push_back(method->getName());
-  return names;
-}
-
 OBSPackage::OBSPackage(std::unique_ptr<OBSPackageInfo> info) : info_(std::move(info)) {
   info_->loadFunctions(functions_);
 }

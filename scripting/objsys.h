@@ -122,9 +122,6 @@ class OBSClass {
   const OBSClassInfo& info() const { return *info_; }
   const OBSMethodList& methods() const { return methods_; }
   OBSMethodInfo* findMethod(std::string_view name) const { return methods_.find(name); }
-  // Names of the methods that isVisible, in registration order: what a
-  // listing of the class shows.
-  std::vector<std::string> visibleMethodNames() const;
 
  private:
   std::unique_ptr<OBSClassInfo> info_;

@@ -104,12 +104,6 @@ TEST(AggregateTable, FirstPointDecidesParentAndGroupingWhileMaximaOnlyRise) {
   EXPECT_DOUBLE_EQ(shape->commitMemMax, 4.0);
   EXPECT_DOUBLE_EQ(shape->freeMemMax, 0.0);
   EXPECT_DOUBLE_EQ(shape->procMemUsageDeltaSelf, 0.0);
-
-  TGAggregateDataPoint a(0, 0, false);
-  a.addSelfTimes(*second);
-  a.subtractSelfTimes(*second);
-  EXPECT_DOUBLE_EQ(a.wcSelf, 0.0);
-  EXPECT_DOUBLE_EQ(a.procMemUsageDeltaSelf, 0.0);
 }
 
 }  // namespace
