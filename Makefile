@@ -26,6 +26,7 @@ bench: build
 	  $$b --benchmark_repetitions=5 --benchmark_report_aggregates_only=true || exit 1; \
 	done
 	@if [ -f $(BUILD)/octave/GaugeKit.oct ]; then octave-cli -q bench/octave_log_cost.m $(BUILD); fi
+	@if [ -d tests/browser/node_modules/playwright-core ]; then node bench/browser_memchart.js $(BUILD); fi
 
 demo: build
 	$(BUILD)/tempogauge demo --out tempogauge-demo

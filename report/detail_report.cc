@@ -3,9 +3,12 @@
 #include "analysis/aggregate_table.h"
 #include "analysis/call_tree.h"
 #include "analysis/report_data.h"
+#include "collect/constants.h"
+#include "report/chart_markup.h"
 #include "report/document_fragments.h"
 #include "report/report_document.h"
 #include "report/report_run.h"
+#include "report/report_scripts.h"
 #include "report/system_info_table.h"
 #include "report/tab_divs.h"
 #include "tempogauge/report.h"
@@ -44,6 +47,11 @@ bool writeDetailReport(TempoGauge* store, std::string_view htmlfile, std::string
   doc.write(writeNameArrays(store));
   doc.write(writeAggData(aggregates, metric, kAggregateOnly));
   doc.write(kScriptClose);
-  // The memory chart's markup and script would follow for "detailedmemory".
+  if (metric == tg::kMetricDetailedMemory) {
+    doc.write(writeMemChartMarkup(run->hasDetailedMemStats));
+    std::string chartScript;
+    writeMemChartScript(chartScript, run->hasDetailedMemStats);
+    doc.write(chartScript);
+  }
   return true;
 }

@@ -1,10 +1,13 @@
 // The difference report: aggregate and detail views of two runs side by side,
 // with the comparison memory chart for the "detailedmemory" metric.
 #include "analysis/report_data.h"
+#include "collect/constants.h"
+#include "report/chart_markup.h"
 #include "report/comparison_runs.h"
 #include "report/document_fragments.h"
 #include "report/report_document.h"
 #include "report/report_run.h"
+#include "report/report_scripts.h"
 #include "report/system_info_table.h"
 #include "report/tab_divs.h"
 #include "tempogauge/report.h"
@@ -39,7 +42,11 @@ bool writeDifferenceReport(TempoGauge* store, std::string_view htmlfile, std::st
   doc.write(writeNameArrays(store));
   doc.write(writeDiffAggData(runs.aggregateRows, metric));
   doc.write(kScriptClose);
-  // The comparison memory chart's markup and script would follow for
-  // "detailedmemory".
+  if (metric == tg::kMetricDetailedMemory) {
+    doc.write(writeDiffChartMarkup(runs.hasDetailedMemStats));
+    std::string chartScript;
+    writeDiffChartScript(chartScript, runs.hasDetailedMemStats);
+    doc.write(chartScript);
+  }
   return true;
 }

@@ -48,3 +48,30 @@ void writeAggregateScript(std::string& out, std::string_view metric, bool isComp
   appendVariantText(out, tg::assets::aggregate_script_js, variant);
   if (aggregateOnly) out += kScriptClose;
 }
+
+namespace {
+
+void writeChartScript(std::string& out, bool isComparison, bool hasDetailedMemStats, std::string_view chart) {
+  out += kScriptOpen;
+  if (!hasDetailedMemStats) {
+    out += "function canvasResizeAction() {\n}\n";
+  } else {
+    ReportVariant variant;
+    variant.metric = tg::kMetricDetailedMemory;
+    variant.isComparison = isComparison;
+    variant.hasDetailedMemStats = true;
+    appendVariantText(out, tg::assets::chart_common_js, variant);
+    appendVariantText(out, chart, variant);
+  }
+  out += kScriptClose;
+}
+
+}  // namespace
+
+void writeMemChartScript(std::string& out, bool hasDetailedMemStats) {
+  writeChartScript(out, false, hasDetailedMemStats, tg::assets::mem_chart_js);
+}
+
+void writeDiffChartScript(std::string& out, bool hasDetailedMemStats) {
+  writeChartScript(out, true, hasDetailedMemStats, tg::assets::diff_chart_js);
+}

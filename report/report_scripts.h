@@ -22,3 +22,9 @@ void writeTabScript(std::string& out, std::string_view metric, bool hasDetailedM
 // The aggregate table's functions; closes the open script element when the
 // report has the aggregate view only.
 void writeAggregateScript(std::string& out, std::string_view metric, bool isComparison, bool aggregateOnly);
+
+// The memory chart's script element: the chart of one run, or the comparison
+// chart of two. Without detailed memory statistics it holds only the empty
+// resize handler that the window's resize handler calls.
+void writeMemChartScript(std::string& out, bool hasDetailedMemStats);
+void writeDiffChartScript(std::string& out, bool hasDetailedMemStats);

@@ -536,7 +536,7 @@ function onResizeAction() {
 //#endif
     }
 //#if detailedmemory && !aggregateOnly
-    if (typeof canvasResizeAction == 'function') canvasResizeAction();
+    canvasResizeAction();
 //#endif
 }
 

@@ -85,10 +85,9 @@ var getElementsByClassName = function (className, tag, elm) {
     return getElementsByClassName(className, tag, elm);
 };
 
-//#if detailedmemory && detailedMemStats
-// The body's mouse move handler drags the memory chart's pop-ups. Until a
-// chart script defines its own (a later declaration replaces this one), there
-// is none to drag.
+//#if detailedmemory && detailedMemStats && aggregateOnly
+// The body follows the mouse for the memory chart's pop-ups; a report of the
+// aggregate view alone has no chart, and nothing to drag.
 function dialogMove(event) {
 }
 
@@ -165,7 +164,7 @@ function ShowTable(tableType) {
 //#endif
 //#if detailedmemory && !aggregateOnly
     var memoryCanvasTable = document.getElementById('memoryCanvasTable');
-    if (typeof canvasSupport != 'undefined' && canvasSupport) {
+    if (canvasSupport) {
         if (memoryCanvasTable && memoryCanvasTable.style.visibility == 'visible') {
             savedOutlineDivIds = new Array();
             savedPopupDivIds = new Array();
@@ -226,7 +225,7 @@ function ShowTable(tableType) {
                 aggDataViewCreated = true;
                 renderAggregateTable();
 //#if detailedmemory && !aggregateOnly
-                if (typeof renderMemChart == 'function') renderMemChart();
+                renderMemChart();
 //#endif
             }
             if (resizeTabContent['Aggregate']) {
@@ -281,7 +280,7 @@ function ShowTable(tableType) {
         case 'memCanvas':
             var chartTable = document.getElementById('memoryCanvasTable');
             if (chartTable) chartTable.style.visibility = 'visible';
-            if (typeof canvasSupport != 'undefined' && canvasSupport) {
+            if (canvasSupport) {
                 showSavedChartOverlays();
 //#if detailedMemStats
                 if (chartTable) chartTable.style.height = '4000px';

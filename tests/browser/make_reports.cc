@@ -3,7 +3,9 @@
 //
 //   tg_make_reports reports DIR     the reports, named as listed in DIR/index.txt
 //   tg_make_reports scripts DIR     each script asset as every variant selects it
+//   tg_make_reports bench DIR [N]   the memory chart pages of the browser benchmarks
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -11,7 +13,9 @@
 #include <vector>
 
 #include "collect/tempo_gauge.h"
+#include "report/chart_markup.h"
 #include "report/report_assets.h"
+#include "report/report_scripts.h"
 #include "report/variant_text.h"
 #include "report_doc_trace.h"
 #include "tempogauge/report.h"
@@ -53,6 +57,44 @@ RawPointVector comparedRun(bool right, bool detailed) {
   run.phase(right ? "Only right" : "Only left", 0.7);
   run.close("Compared run", 0.1);
   return run.take();
+}
+
+// A run for the memory charts: `count` phases with detailed samples small
+// enough that no band is zoomed away, each band varying from phase to phase;
+// `extra` names a phase added before phase `extraAt` (for comparisons), and
+// the last phase gets a very long name.
+RawPointVector chartRun(int count, double scale, std::string_view extra = "", int extraAt = 0) {
+  RawPointVector points;
+  const std::int32_t grouping = tgGetId(tg::kGroupingKind, "Workload");
+  double now = 1000.0;
+  int step = 0;
+  const auto push = [&](const std::string& name, bool start) {
+    auto point = std::make_shared<TGORRERYDataPoint>();
+    point->groupingId = grouping;
+    point->phaseId = tgGetId(tg::kPhaseKind, name);
+    point->flags.isStart = start ? 1 : 0;
+    point->wallTime = now += 0.01;
+    point->cpuTime = now * 0.9;
+    const double mb = 1024.0 * 1024.0 * scale;
+    const int k = step++ % 7;
+    point->basicMemStats = std::make_shared<tg::BasicMemStats>(100 * mb, 150 * mb, 300 * mb);
+    point->detailedMemStats = std::make_shared<tg::DetailedMemStats>(
+        (500 + 40 * k) * mb, (300 + 20 * k) * mb, (400 + 30 * k) * mb, (100 + 10 * k) * mb, (200 + 25 * k) * mb);
+    points.push_back(std::move(point));
+  };
+  for (int i = 0; i < count; ++i) {
+    char name[32];
+    std::snprintf(name, sizeof name, "Step %05d", i);
+    std::string phase = name;
+    if (i == count - 1) phase = "A phase whose name is far too long to stand above its column " + std::string(120, 'x');
+    if (!extra.empty() && i == extraAt) {
+      push(std::string(extra), true);
+      push(std::string(extra), false);
+    }
+    push(phase, true);
+    push(phase, false);
+  }
+  return points;
 }
 
 TempoGaugingSystemInfo recordNamed(std::string_view processor) {
@@ -113,8 +155,49 @@ int writeReports(const fs::path& dir) {
   single("aggregate_unknown_metric.html", true, "cycles", manyPhases(50, false));
   comparison("aggdiff_unknown_metric.html", true, "cycles", comparedRun(false, false), comparedRun(true, false),
              "Before", "After", false);
+  single("memchart.html", false, "detailedmemory", chartRun(300, 1.0));
+  comparison("diffchart.html", false, "detailedmemory", chartRun(300, 1.0, "Only left", 100),
+             chartRun(300, 1.25, "Only right", 200), "Before", "After", true);
+  // The chart's notice for a trace without detailed statistics, in a page of
+  // its own (not in the index: it has no views), since the drivers write the
+  // page of the missing detail instead.
+  std::ofstream(dir / "memchart_notice.html")
+      << "<html><body></body></html>\n" << writeMemChartMarkup(false) << [] {
+           std::string script;
+           writeMemChartScript(script, false);
+           return script;
+         }();
   single("aggregate_hostile_names.html", true, "time", hostileRun());
   comparison("diff_hostile_names.html", false, "time", hostileRun(), hostileRun(), "<b>left</b>", "right's", false);
+  return ok ? 0 : 1;
+}
+
+// The pages of the chart benchmarks: one run of `count` executions, and two
+// runs of `count / 2` each.
+int writeBenchReports(const fs::path& dir, int count) {
+  TempoGauge* store = TempoGauge::instance();
+  const auto record = recordNamed("Bench CPU");
+  RawPointVector single = chartRun(count, 1.0);
+  RawPointVector lhs = chartRun(count / 2, 1.0, "Only left", count / 6);
+  RawPointVector rhs = chartRun(count / 2, 1.25, "Only right", count / 3);
+  const bool ok =
+      writeDetailReport(store, (dir / "memchart.html").string(), "Workload", "Workload", "detailedmemory", false,
+                        &single, &record) &&
+      writeDifferenceReport(store, (dir / "diffchart.html").string(), "Workload", "Before", "After", &lhs, &rhs,
+                            &record, &record, "detailedmemory");
+  return ok ? 0 : 1;
+}
+
+// The pages of the table benchmarks: a detail report of a million raw points
+// and the call trees of 100 000 nodes, one deep and one wide.
+int writeTableBenchReports(const fs::path& dir) {
+  TempoGauge* store = TempoGauge::instance();
+  const auto record = recordNamed("Bench CPU");
+  const auto write = [&](const char* name, RawPointVector raw) {
+    return writeDetailReport(store, (dir / name).string(), "Workload", "Workload", "time", false, &raw, &record);
+  };
+  const bool ok = write("details_1m.html", manyExecutions(500000)) && write("tree_deep.html", deepTree(100, 1000)) &&
+                  write("tree_wide.html", wideTree(50000));
   return ok ? 0 : 1;
 }
 
@@ -144,8 +227,8 @@ int writeScriptVariants(const fs::path& dir) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 3) {
-    std::fprintf(stderr, "usage: %s reports|scripts DIR\n", argv[0]);
+  if (argc != 3 && argc != 4) {
+    std::fprintf(stderr, "usage: %s reports|scripts|bench DIR [COUNT]\n", argv[0]);
     return 2;
   }
   const std::string_view mode = argv[1];
@@ -159,6 +242,7 @@ int main(int argc, char** argv) {
   try {
     if (mode == "reports") return writeReports(dir);
     if (mode == "scripts") return writeScriptVariants(dir);
+    if (mode == "bench") return writeBenchReports(dir, argc > 3 ? std::atoi(argv[3]) : 100000);
   } catch (const std::exception& e) {
     std::fprintf(stderr, "tg_make_reports: %s\n", e.what());
     return 1;

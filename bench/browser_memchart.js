@@ -1,0 +1,92 @@
+// Browser benchmark of the memory charts: a chart of one run of 100 000 phase
+// executions and a comparison of two runs of 50 000 each, opened in Chromium.
+// Prints the time to the first drawn chart (the page's load, then the chart
+// built and drawn by its load handler) and the median redraw of one scroll
+// step. Usage: node bench/browser_memchart.js BUILD_DIR [EXECUTIONS]
+'use strict';
+const fs = require('fs');
+const os = require('os');
+const path = require('path');
+const { execFileSync } = require('child_process');
+const root = path.resolve(__dirname, '..');
+const { chromium } = require(path.join(root, 'tests/browser/node_modules/playwright-core'));
+
+const build = path.resolve(process.argv[2] || path.join(root, 'build'));
+const executions = Number(process.argv[3] || 100000);
+const RUNS = 5;
+const STEPS = 60;
+
+function median(values) {
+  const sorted = [...values].sort((a, b) => a - b);
+  return sorted[Math.floor(sorted.length / 2)];
+}
+
+// One opening of the page: its load and the share of the load handlers, which
+// build the views and draw the chart; then STEPS scroll steps of the dummy,
+// each timed until its drawing is on the canvas.
+async function measure(context, file, dummyId, canvasId) {
+  const page = await context.newPage();
+  const errors = [];
+  page.on('pageerror', (error) => errors.push(error.message));
+  await page.goto('file://' + file, { waitUntil: 'load' });
+  const load = await page.evaluate(() => {
+    const nav = performance.getEntriesByType('navigation')[0];
+    return { total: nav.loadEventEnd, handlers: nav.loadEventEnd - nav.loadEventStart };
+  });
+  await page.evaluate(() => ShowTable('memCanvas'));
+  const steps = await page.evaluate(([dummyId, canvasId, count]) => {
+    const dummy = document.getElementById(dummyId);
+    const ctx = document.getElementById(canvasId).getContext('2d');
+    const step = (dummy.scrollWidth - dummy.clientWidth) / (count + 1);
+    const times = [];
+    for (let i = 1; i <= count; i++) {
+      dummy.scrollLeft = Math.round(i * step);
+      const start = performance.now();
+      swapCanvas(dummy);
+      ctx.getImageData(0, 0, 1, 1);
+      times.push(performance.now() - start);
+    }
+    return times;
+  }, [dummyId, canvasId, STEPS]);
+  await page.close();
+  if (errors.length) throw new Error(`${path.basename(file)}: ${errors.join('; ')}`);
+  return { load, redraw: median(steps) };
+}
+
+async function main() {
+  const dir = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-chart-bench-'));
+  const profile = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-chart-profile-'));
+  try {
+    execFileSync(path.join(build, 'tg_make_reports'), ['bench', dir, String(executions)], { stdio: 'inherit' });
+    const context = await chromium.launchPersistentContext(profile, {
+      executablePath: '/usr/bin/chromium',
+      headless: true,
+      args: ['--headless', '--no-sandbox', '--disable-gpu', '--disable-background-networking',
+             '--disable-component-update', '--disable-sync', '--no-first-run'],
+      viewport: { width: 1280, height: 1400 },
+    });
+    const charts = [
+      ['memory chart, one run of ' + executions, 'memchart.html', 'fakecanvasdiv', 'scrollcanvas', 1000],
+      ['comparison chart, two runs of ' + executions / 2, 'diffchart.html', 'fakeCanvasDiffDiv', 'absDevCanvasDiff', 1500],
+    ];
+    for (const [title, name, dummyId, canvasId, goal] of charts) {
+      const results = [];
+      for (let r = 0; r < RUNS; r++) results.push(await measure(context, path.join(dir, name), dummyId, canvasId));
+      const total = median(results.map((r) => r.load.total));
+      const handlers = median(results.map((r) => r.load.handlers));
+      const redraw = median(results.map((r) => r.redraw));
+      console.log(`${title}: page open to first chart ${total.toFixed(0)} ms (of it the load handlers ` +
+                  `${handlers.toFixed(0)} ms; goal ${goal} ms), redraw of one scroll step ${redraw.toFixed(2)} ms ` +
+                  `(goal 16 ms); medians of ${RUNS} openings`);
+    }
+    await context.close();
+  } finally {
+    fs.rmSync(dir, { recursive: true, force: true });
+    fs.rmSync(profile, { recursive: true, force: true });
+  }
+}
+
+main().catch((error) => {
+  console.error(error.message);
+  process.exit(1);
+});
