@@ -189,6 +189,20 @@ function fieldSlice(field, begin, end) {
     return values;
 }
 
+// The widest of the labels of rows `begin` to `end` in the context's font,
+// each distinct label measured once.
+function widestLabel(ctx, begin, end, realRowsOnly) {
+    var widths = {};
+    var widest = 0;
+    for (var i = begin; i < end; i++) {
+        var text = phaseLabelText(i, realRowsOnly).text;
+        var width = widths[text];
+        if (width === undefined) width = widths[text] = ctx.measureText(text).width;
+        if (width > widest) widest = width;
+    }
+    return widest;
+}
+
 function largestOf(values) {
     var largest = 0;
     for (var i = 0; i < values.length; i++) if (values[i] > largest) largest = values[i];

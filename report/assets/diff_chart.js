@@ -28,6 +28,9 @@ var numTicksYcollapsed = 5;
 var littleExtra = 0;
 var windowWidthOrig = (window.innerWidth === undefined) ? document.body.clientWidth : window.innerWidth;
 var originalWindowWidth = -1;
+// The width of a vertical scroll bar, measured at the build and at each
+// resize rather than at each redraw, as the measuring forces a layout.
+var scrollbarWidth = 0;
 
 var x_graphLabel, ctx_graphLabel, x_legend, x_phaseNames, ctx_phaseNames, x_absDev, ctx_absDev;
 var x_dataSet1, ctx_dataSet1, x_dataSet2, ctx_dataSet2, x_topTicks, ctx_topTicks;
@@ -237,6 +240,7 @@ function renderMemChart() {
     dataLen = procData.length;
     if (dataLen == 0) return;
 
+    scrollbarWidth = getScrollbarWidth();
     resizeAll();
     drawLegendBoxes('legendCanvasDiff', 25);
     drawRibbon('phaseNamesCanvasDiffDiv');
@@ -259,11 +263,7 @@ function renderMemChart() {
     }
     dataLen = procData.length;
 
-    var longestStr = 0;
-    for (var r = 0; r < dataLen - numBlankData; r++) {
-        longestStr = Math.max(longestStr, ctx_absDev.measureText(phaseLabelText(r, false).text).width);
-    }
-    longestStr *= 1.1;
+    var longestStr = widestLabel(ctx_absDev, 0, dataLen - numBlankData, false) * 1.1;
     maxLabelHeight -= enlargeCanvasArea;
     expandedHeight_phaseNames = Math.min(Math.round(longestStr * sinDeg(eventLabelRotate) + eventLabelVertSpacing + 55),
                                          maxLabelHeight);
@@ -473,7 +473,7 @@ function render(oneCtx, begin, end) {
     }
     showMemStats(oneCtx, begin, end, endOfScroll);
     littleExtra = endOfScroll ? (numBlankData - 1.5) * columnWidth : 0;
-    var width = windowWidth - getScrollbarWidth();
+    var width = windowWidth - scrollbarWidth;
     var suggestedRight = marginRight;
     if (endOfScroll) {
         var a = 10 + x_graphLabel.width + columnWidth * (end - begin - numBlankData) - 8;
@@ -640,6 +640,7 @@ function repositionScrollbar(firstTime) {
 function canvasResizeAction() {
     if (!canvasSupport || x_phaseNames === undefined) return;
     windowWidth = (window.innerWidth === undefined) ? document.body.clientWidth : window.innerWidth;
+    scrollbarWidth = getScrollbarWidth();
     var canvases = [x_phaseNames, x_absDev, x_dataSet1, x_dataSet2, x_topTicks, x_legend];
     for (var c = 0; c < canvases.length; c++) canvases[c].width = windowWidth;
     drawLegendBoxes('legendCanvasDiff', 25);

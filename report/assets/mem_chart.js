@@ -107,8 +107,11 @@ function renderMemChart() {
     var requiredPaddingH = 0;
     var longestStr = 0;
     maxLabelHeight -= enlargeCanvasArea;
+    var labelWidths = {};
     for (var r = 0; r < dataLen - numBlankData; r++) {
-        var tmp = ctx_scroll.measureText(arraySlice('phases', r, r + 1)[0]).width;
+        var text = phaseLabelText(r, true).text;
+        var tmp = labelWidths[text];
+        if (tmp === undefined) tmp = labelWidths[text] = ctx_scroll.measureText(text).width;
         if (Math.round(tmp * 1.2 * sinDeg(eventLabelRotate) + eventLabelVertSpacing + 55) > maxLabelHeight) {
             requiredPaddingH = maxLabelHeight + 25 - enlargeCanvasArea;
             break;
