@@ -125,6 +125,20 @@ test('at the far right the long last name is cut with an ellipsis, in blue', asy
   assert.deepEqual(errors, []);
 });
 
+test('a 64-bit address space is zoomed: the axis starts at the non-process offset, the pop-up shows full figures', async () => {
+  const { page, errors } = await openChart('detail_detailedmemory.html');
+  const zoom = await page.evaluate(() => ({ nonProcessZoom, freeMemZoom, max, row: procData[3] }));
+  assert.equal(zoom.nonProcessZoom, zoom.row.NonProcessStart, 'the non-process figure is the same in every row');
+  assert.ok(zoom.freeMemZoom > 900000 && zoom.max > 0 && zoom.max < 5000, JSON.stringify(zoom));
+  const at = await columnPoint(page, 3);
+  await page.mouse.click(at.x, at.y);
+  const [popup] = await openPopups(page);
+  const free = Math.round(zoom.row.FreeStart / 10) / 100;
+  assert.match(popup.text, new RegExp(`Free\\s+${free}e3\\s`));
+  assert.match(popup.text, new RegExp(`Non-process\\s+${Math.round(zoom.row.NonProcessStart * 100) / 100}(\\s|$)`));
+  assert.deepEqual(errors, []);
+});
+
 test('a chart without detailed statistics shows the notice', async () => {
   const { page, errors } = await openReport(browser, 'memchart_notice.html');
   const text = await page.locator('#memoryCanvasTable').textContent();
