@@ -2,7 +2,10 @@
 // identical processed points, totals, flags, maps and walked vectors.
 #include <gtest/gtest.h>
 
+#include <iomanip>
 #include <random>
+#include <sstream>
+#include <type_traits>
 
 #include "analysis/pairing_gap.h"
 #include "analysis_random_trace.h"
@@ -16,86 +19,75 @@ RawPointVector deepCopy(const RawPointVector& v) {
   return out;
 }
 
-void expectSameMem(const tg::BasicMemStats* a, const tg::BasicMemStats* b) {
-  ASSERT_EQ(a == nullptr, b == nullptr);
-  if (!a) return;
-  EXPECT_EQ(a->procMemUsage, b->procMemUsage);
-  EXPECT_EQ(a->procMemUsagePeak, b->procMemUsagePeak);
-  EXPECT_EQ(a->procVMSize, b->procVMSize);
-}
-
-void expectSameMem(const tg::DetailedMemStats* a, const tg::DetailedMemStats* b) {
-  ASSERT_EQ(a == nullptr, b == nullptr);
-  if (!a) return;
-  EXPECT_EQ(a->freeMem, b->freeMem);
-  EXPECT_EQ(a->resMem, b->resMem);
-  EXPECT_EQ(a->commitMem, b->commitMem);
-  EXPECT_EQ(a->dllsMem, b->dllsMem);
-  EXPECT_EQ(a->nonprocessMem, b->nonprocessMem);
-}
-
-void expectSamePoint(const TGORRERYProcessedDataPoint& a, const TGORRERYProcessedDataPoint& b) {
-  EXPECT_EQ(a.pointType, b.pointType);
-  EXPECT_EQ(a.grouping, b.grouping);
-  EXPECT_EQ(a.phaseID, b.phaseID);
-  EXPECT_EQ(a.statisticsType, b.statisticsType);
-  EXPECT_EQ(a.getModel(), b.getModel());
-  EXPECT_EQ(a.getTarget(), b.getTarget());
-  EXPECT_EQ(a.getMachine(), b.getMachine());
-  EXPECT_EQ(a.getChart(), b.getChart());
-  EXPECT_EQ(a.wcStartTime, b.wcStartTime);
-  EXPECT_EQ(a.wcElapsedTime, b.wcElapsedTime);
-  EXPECT_EQ(a.cpuStartTime, b.cpuStartTime);
-  EXPECT_EQ(a.cpuElapsedTime, b.cpuElapsedTime);
-  expectSameMem(a.basicMem.get(), b.basicMem.get());
-  expectSameMem(a.detailedMem.get(), b.detailedMem.get());
-  expectSameMem(a.detailedStartMem.get(), b.detailedStartMem.get());
-  EXPECT_EQ(a.basicMem->procMemUsageDelta, b.basicMem->procMemUsageDelta);
-  EXPECT_EQ(a.basicMem->procVMSizeDelta, b.basicMem->procVMSizeDelta);
-  EXPECT_EQ(a.detailedMem->freeMemDelta, b.detailedMem->freeMemDelta);
-  EXPECT_EQ(a.flags.errorRow, b.flags.errorRow);
-  EXPECT_EQ(a.flags.gapRow, b.flags.gapRow);
-  EXPECT_EQ(a.HTMLPhaseNumString, b.HTMLPhaseNumString);
-  EXPECT_EQ(a.HTMLRowNumber, b.HTMLRowNumber);
-  EXPECT_EQ(a.numChildren, b.numChildren);
-  EXPECT_EQ(a.stackDepth, b.stackDepth);
-  EXPECT_EQ(a.childrenIDs, b.childrenIDs);
-  EXPECT_EQ(a.parentPhaseID, b.parentPhaseID);
-}
-
-void expectSameResult(const TGProcessedDataStruct& a, const ProcessedPointVector& aPoints,
-                      const TGProcessedDataStruct& b, const ProcessedPointVector& bPoints) {
-  EXPECT_EQ(a.hasErrors, b.hasErrors);
-  EXPECT_EQ(a.hasDetailedMemStats, b.hasDetailedMemStats);
-  EXPECT_EQ(a.maxDepth, b.maxDepth);
-  EXPECT_EQ(a.topWCTotal, b.topWCTotal);
-  EXPECT_EQ(a.topCPUTotal, b.topCPUTotal);
-  EXPECT_EQ(a.topWCTotalCopy, b.topWCTotalCopy);
-  EXPECT_EQ(a.topCPUTotalCopy, b.topCPUTotalCopy);
-  EXPECT_EQ(a.baseWCTime, b.baseWCTime);
-  EXPECT_EQ(a.baseCPUTime, b.baseCPUTime);
-  ASSERT_EQ(aPoints.size(), bPoints.size());
-  for (std::size_t i = 0; i < aPoints.size(); ++i) {
-    SCOPED_TRACE(i);
-    expectSamePoint(*aPoints[i], *bPoints[i]);
+// Every field of a record or point as text, so that two walks compare with
+// one string each and a failure shows where they part. Doubles are written
+// exactly (17 digits, -0 as 0), so equal texts mean equal values.
+class Fields {
+ public:
+  Fields& operator<<(double v) {
+    out_ << std::setprecision(17) << v + 0.0 << ' ';
+    return *this;
   }
+  template <class Integer>
+    requires std::is_integral_v<Integer>
+  Fields& operator<<(Integer v) {
+    out_ << static_cast<long long>(v) << ' ';
+    return *this;
+  }
+  Fields& operator<<(const std::string& v) {
+    out_ << '"' << v << "\" ";
+    return *this;
+  }
+  Fields& operator<<(const tg::BasicMemStats* m) {
+    if (!m) return *this << std::string("no basic");
+    *this << m->procMemUsage << m->procMemUsagePeak << m->procVMSize;
+    if (const auto* d = dynamic_cast<const tg::BasicProcessedMemStats*>(m))
+      *this << d->procMemUsageDelta << d->procMemUsagePeakDelta << d->procVMSizeDelta;
+    return *this;
+  }
+  Fields& operator<<(const tg::DetailedMemStats* m) {
+    if (!m) return *this << std::string("no detailed");
+    *this << m->freeMem << m->resMem << m->commitMem << m->dllsMem << m->nonprocessMem;
+    if (const auto* d = dynamic_cast<const tg::DetailedProcessedMemStats*>(m))
+      *this << d->freeMemDelta << d->resMemDelta << d->commitMemDelta << d->dllsMemDelta << d->nonprocessMemDelta;
+    return *this;
+  }
+  std::string str() const { return out_.str(); }
+
+ private:
+  std::ostringstream out_;
+};
+
+std::string fieldsOf(const TGORRERYProcessedDataPoint& p) {
+  Fields f;
+  f << p.pointType << p.grouping << p.phaseID << p.statisticsType << p.getModel() << p.getTarget()
+    << p.getMachine() << p.getChart() << p.wcStartTime << p.wcElapsedTime << p.cpuStartTime << p.cpuElapsedTime
+    << p.basicMem.get() << p.detailedMem.get() << p.detailedStartMem.get() << p.flags.errorRow
+    << p.flags.gapRow << p.HTMLPhaseNumString << p.HTMLRowNumber << p.numChildren << p.stackDepth
+    << p.parentPhaseID;
+  for (const auto id : p.childrenIDs) f << id;
+  return f.str();
 }
 
-void expectSameVector(const RawPointVector& a, const RawPointVector& b) {
-  ASSERT_EQ(a.size(), b.size());
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    ASSERT_EQ(a[i] == nullptr, b[i] == nullptr);
-    if (!a[i]) continue;
-    EXPECT_EQ(a[i]->pointType, b[i]->pointType) << i;
-    EXPECT_EQ(a[i]->groupingId, b[i]->groupingId) << i;
-    EXPECT_EQ(a[i]->phaseId, b[i]->phaseId) << i;
-    EXPECT_EQ(a[i]->isStart(), b[i]->isStart()) << i;
-    EXPECT_EQ(a[i]->isGap(), b[i]->isGap()) << i;
-    EXPECT_EQ(a[i]->wallTime, b[i]->wallTime) << i;
-    EXPECT_EQ(a[i]->cpuTime, b[i]->cpuTime) << i;
-    expectSameMem(a[i]->basicMemStats.get(), b[i]->basicMemStats.get());
-    expectSameMem(a[i]->detailedMemStats.get(), b[i]->detailedMemStats.get());
+std::string fieldsOf(const TGProcessedDataStruct& r, const ProcessedPointVector& points) {
+  Fields f;
+  f << r.hasErrors << r.hasDetailedMemStats << r.maxDepth << r.topWCTotal << r.topCPUTotal << r.topWCTotalCopy
+    << r.topCPUTotalCopy << r.baseWCTime << r.baseCPUTime;
+  std::string text = f.str();
+  for (const auto& p : points) text += "\n" + fieldsOf(*p);
+  return text;
+}
+
+std::string fieldsOf(const RawPointVector& v) {
+  std::string text;
+  for (const auto& p : v) {
+    Fields f;
+    if (p)
+      f << p->pointType << p->groupingId << p->phaseId << p->isStart() << p->isGap() << p->wallTime << p->cpuTime
+        << p->basicMemStats.get() << p->detailedMemStats.get();
+    text += f.str() + "\n";
   }
+  return text;
 }
 
 struct Selection {
@@ -128,9 +120,8 @@ TEST(PairingEquivalence, WalksAgreeOnRandomTracesWithErrorsKept) {
     walkRawPoints(fastVector,
                   {[&plain](const TGORRERYDataPoint& p) { return plain.selected(p); }, &map, true}, fast);
     SCOPED_TRACE("trace " + std::to_string(n));
-    expectSameResult(fast, fast.processedPoints, plain.result(), plain.startPointsInOrder(plainVector));
-    expectSameVector(fastVector, plainVector);
-    ASSERT_EQ(fastVector.size(), plainVector.size());
+    ASSERT_EQ(fieldsOf(fast, fast.processedPoints), fieldsOf(plain.result(), plain.startPointsInOrder(plainVector)));
+    ASSERT_EQ(fieldsOf(fastVector), fieldsOf(plainVector));
     for (std::size_t i = 0; i < fastVector.size(); ++i) {
       const auto f = fastVector[i] ? map.find(fastVector[i].get()) : map.end();
       const auto p = plainVector[i] ? plain.map().find(plainVector[i].get()) : plain.map().end();
@@ -164,8 +155,8 @@ TEST(PairingEquivalence, AnalyzeAgreesWithThePlainWalkByGroupingAndByModel) {
     const TGProcessedDataStruct expected = plain.analyze(plainVector);
     const TGProcessedDataStruct actual = analyzeRawPoints(fastVector, s.names, s.byModel);
     SCOPED_TRACE("trace " + std::to_string(n));
-    expectSameResult(actual, actual.processedPoints, expected, expected.processedPoints);
-    expectSameVector(fastVector, plainVector);
+    ASSERT_EQ(fieldsOf(actual, actual.processedPoints), fieldsOf(expected, expected.processedPoints));
+    ASSERT_EQ(fieldsOf(fastVector), fieldsOf(plainVector));
     clean += !actual.hasErrors && !actual.processedPoints.empty();
     if (HasFailure()) break;
   }

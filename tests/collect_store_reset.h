@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "collect/tempo_gauge.h"
+#include "collect/name_table.h"
 #include "tempogauge/tempogauge.h"
 
 class CollectStoreTest : public ::testing::Test {

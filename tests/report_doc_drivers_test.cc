@@ -12,6 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 using tgtest::countOf;
+using tgtest::expectHas;
 using tgtest::expectInOrder;
 using tgtest::readFile;
 
@@ -75,11 +76,8 @@ TEST_F(ReportDriverTest, AggregateReportHoldsItsPiecesInOrderAndNothingElse) {
                        "var Phase = [", "var aggData = [", "    </script>\n"});
   EXPECT_TRUE(text.ends_with("];\n\n    </script>\n"));
   EXPECT_EQ(countOf(text, "<div id=\"header\""), 2u);
-  for (const std::string_view absent :
-       {"phaseSummaryDiv", "callTreeSummaryDiv", "phaseSummaryScrollTableDiv", "callTreeSummaryScrollTableDiv",
-        "var procData", "var callTreeArray", "openDetailTab", "'Detail'", "td.GT50"}) {
-    EXPECT_EQ(text.find(absent), std::string::npos) << absent;
-  }
+  expectHas(text, {}, {"phaseSummaryDiv", "callTreeSummaryDiv", "var procData", "var callTreeArray", "openDetailTab",
+                       "'Detail'", "td.GT50"});
   EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
 }
 
@@ -94,11 +92,9 @@ TEST_F(ReportDriverTest, DetailReportCarriesAllThreeViews) {
                        "function ShowTable(", "function quicksort(", "function filterCTDataView(",
                        "function openDetailTab(nodeIndex)", "var callTreeArray", "var procData = [",
                        "var Phase = [", "var aggData = ["});
-  EXPECT_EQ(text.find("MemChart"), std::string::npos);
   EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
   // The indent rules follow the depth of the call tree: Outer > Middle > Inner.
-  EXPECT_NE(text.find("td.phaseNameCell2 {"), std::string::npos);
-  EXPECT_EQ(text.find("td.phaseNameCell7 {"), std::string::npos);
+  expectHas(text, {"td.phaseNameCell2 {"}, {"td.phaseNameCell7 {", "MemChart"});
 }
 
 TEST_F(ReportDriverTest, DifferenceReportHasNoCallTreePieces) {
@@ -110,10 +106,8 @@ TEST_F(ReportDriverTest, DifferenceReportHasNoCallTreePieces) {
                        "'Detail');\"></div>", "    </body>\n</html>\n", "function quicksort(",
                        "var lhsLabel = \"Left run\"", "var procData = [", "function openDetailTab(phaseName)",
                        "var Phase = [", "var aggData = ["});
-  for (const std::string_view absent : {"id = \"callTreeSummaryDiv\"", "id = \"callTreeSummaryScrollTableDiv\"",
-                                        "Call Tree", "var callTreeArray", "callTreeHeader"}) {
-    EXPECT_EQ(text.find(absent), std::string::npos) << absent;
-  }
+  expectHas(text, {}, {"id = \"callTreeSummaryDiv\"", "id = \"callTreeSummaryScrollTableDiv\"", "Call Tree",
+                       "var callTreeArray", "callTreeHeader"});
   EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
 }
 
@@ -127,9 +121,7 @@ TEST_F(ReportDriverTest, AggregateDifferenceReportKeepsTheDetailScroller) {
                        "    </script>\n", "var Phase = [", "var aggDataStruct = makeStruct(\"IsParent Phase LHS_Count",
                        "    </script>\n"});
   EXPECT_EQ(countOf(text, "<div id=\"header\""), 2u);
-  for (const std::string_view absent : {"id = \"phaseSummaryDiv\"", "var procData", "openDetailTab"}) {
-    EXPECT_EQ(text.find(absent), std::string::npos) << absent;
-  }
+  expectHas(text, {}, {"id = \"phaseSummaryDiv\"", "var procData", "openDetailTab"});
 }
 
 TEST_F(ReportDriverTest, ComparisonHeadTakesTheDeeperRun) {
@@ -153,13 +145,11 @@ TEST_F(ReportDriverTest, ComparisonHeadTakesTheDeeperRun) {
 
 TEST_F(ReportDriverTest, DetailedMetricWithDetailUsesTheDialogBody) {
   ASSERT_TRUE(single(true, "detailed.html", "detailedmemory", nestedRun(true)));
-  const auto text = readFile(path("detailed.html"));
-  EXPECT_NE(text.find("    <body onresize=\"onResizeAction()\" onmousemove=\"dialogMove(event)\" "
-                      "onload=\"ShowTable('aggregateSummary'); onResizeAction();\">\n"),
-            std::string::npos);
-  EXPECT_NE(text.find("function dialogMove(event)"), std::string::npos);
+  expectHas(readFile(path("detailed.html")), {"    <body onresize=\"onResizeAction()\" onmousemove=\"dialogMove(event)\" "
+                                              "onload=\"ShowTable('aggregateSummary'); onResizeAction();\">\n",
+                                              "function dialogMove(event)"});
   ASSERT_TRUE(single(true, "basic.html", "basicmemory", nestedRun(true)));
-  EXPECT_EQ(readFile(path("basic.html")).find("onmousemove"), std::string::npos);
+  expectHas(readFile(path("basic.html")), {}, {"onmousemove"});
 }
 
 TEST_F(ReportDriverTest, UnpairedPhasesGiveTheErrorPageInSingleRunReports) {
@@ -188,32 +178,23 @@ TEST_F(ReportDriverTest, DetailedMetricWithoutDetailGivesTheNotice) {
   ASSERT_TRUE(single(false, "nodetail.html", "detailedmemory", nestedRun(false)));
   const auto singlePage = readFile(path("nodetail.html"));
   EXPECT_TRUE(singlePage.starts_with("<html>\n    <body>\nDetailed memstats was not collected.<br>\n"));
-  EXPECT_NE(singlePage.find("please call:<br> GaugeKit.Tracer.clearRawData;<br>\n"
-                            "GaugeKit.Tracer.enableDetailedMemStats(true)<br>\n    </body>\n</html>\n"),
-            std::string::npos);
-  EXPECT_EQ(singlePage.find("<div id=\"header\""), std::string::npos);
+  expectHas(singlePage, {"please call:<br> GaugeKit.Tracer.clearRawData;<br>\n"
+                         "GaugeKit.Tracer.enableDetailedMemStats(true)<br>\n    </body>\n</html>\n"},
+            {"<div id=\"header\""});
 
   // Both runs must have detail for a comparison to show it.
   ASSERT_TRUE(comparison(true, "nodetail2.html", "detailedmemory", nestedRun(true), nestedRun(false)));
-  const auto comparisonPage = readFile(path("nodetail2.html"));
-  EXPECT_NE(comparisonPage.find("please call:<br>GaugeKit.Tracer.clearRawData;<br>\n"
-                                "GaugeKit.Tracer.enableDetailedMemStats(true);<br>\n    </body>\n</html>\n"),
-            std::string::npos);
-  EXPECT_EQ(comparisonPage.find("<!DOCTYPE"), std::string::npos);
+  expectHas(readFile(path("nodetail2.html")),
+            {"please call:<br>GaugeKit.Tracer.clearRawData;<br>\n"
+             "GaugeKit.Tracer.enableDetailedMemStats(true);<br>\n    </body>\n</html>\n"},
+            {"<!DOCTYPE"});
 }
 
 TEST_F(ReportDriverTest, AFileThatCannotBeOpenedFailsEveryDriver) {
-  const auto missingDir = (scratch_.dir() / "no such dir" / "report.html").string();
-  auto raw = nestedRun(false);
-  auto lhs = nestedRun(false);
-  auto rhs = nestedRun(false);
-  const auto info = record("cpu");
-  auto* store = TempoGauge::instance();
-  EXPECT_FALSE(writeDetailReport(store, missingDir, "Workload", "t", "time", false, &raw, &info));
-  EXPECT_FALSE(writeAggregateReport(store, missingDir, "Workload", "t", "time", false, &raw, &info));
-  EXPECT_FALSE(writeDifferenceReport(store, missingDir, "Workload", "l", "r", &lhs, &rhs, &info, &info, "time"));
-  EXPECT_FALSE(
-      writeAggregateDifferenceReport(store, missingDir, "Workload", "l", "r", &lhs, &rhs, &info, &info, "time"));
+  for (const bool aggregateOnly : {false, true}) {
+    EXPECT_FALSE(single(aggregateOnly, "no such dir/report.html", "time", nestedRun(false)));
+    EXPECT_FALSE(comparison(aggregateOnly, "no such dir/report.html", "time", nestedRun(false), nestedRun(false)));
+  }
   EXPECT_FALSE(fs::exists(scratch_.dir() / "no such dir"));
 }
 

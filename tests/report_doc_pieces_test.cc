@@ -14,11 +14,13 @@
 #include "report/tab_bars.h"
 #include "report/tab_divs.h"
 #include "report/variant_text.h"
+#include "golden_text.h"
 #include "scratch_files.h"
 
 namespace {
 
 using tgtest::countOf;
+using tgtest::expectHas;
 using tgtest::expectInOrder;
 
 std::string selected(std::string_view asset, const ReportVariant& variant) {
@@ -98,8 +100,7 @@ TEST(PageHead, TitleFollowsTheTitleArgument) {
   EXPECT_EQ(pageTitleText(""), "Tempo Gauge Report");
   EXPECT_EQ(pageTitleText("GLOBAL "), "GLOBAL ");
   EXPECT_EQ(pageTitleText("global"), "global");
-  const auto head = writePageHead(nullptr, 0, "<b>Mine</b>", false);
-  EXPECT_NE(head.find("        <title>&lt;b&gt;Mine&lt;/b&gt;</title>\n"), std::string::npos);
+  expectHas(writePageHead(nullptr, 0, "<b>Mine</b>", false), {"        <title>&lt;b&gt;Mine&lt;/b&gt;</title>\n"});
 }
 
 TEST(PageHead, IndentRulesFollowTheCallTreeDepth) {
@@ -117,10 +118,8 @@ TEST(PageHead, IndentRulesFollowTheCallTreeDepth) {
 TEST(PageHead, ColourBandsOnlyInComparisons) {
   const auto single = writePageHead(nullptr, 3, "t", false);
   const auto comparison = writePageHead(nullptr, 3, "t", true);
-  for (const std::string_view rule : {"td.GT50 {", "td.LTM50 {", ".SystemInfoComparisonDiv {", ".fileLegend {"}) {
-    EXPECT_EQ(single.find(rule), std::string::npos) << rule;
-    EXPECT_NE(comparison.find(rule), std::string::npos) << rule;
-  }
+  expectHas(single, {}, {"td.GT50 {", "td.LTM50 {", ".SystemInfoComparisonDiv {", ".fileLegend {"});
+  expectHas(comparison, {"td.GT50 {", "td.LTM50 {", ".SystemInfoComparisonDiv {", ".fileLegend {"});
   // The comparison block stands between the system text rule and the totals rule.
   EXPECT_LT(comparison.find(".SystemInfoText {"), comparison.find(".SystemInfoTextComparison {"));
   EXPECT_LT(comparison.find("td.LTM50 {"), comparison.find(".totalsCell {"));
@@ -142,34 +141,18 @@ TEST(TabBars, EachReportKindHasItsTabs) {
 }
 
 TEST(TabBars, OneBarPerTabWithItsOwnTabSelected) {
-  const auto bars = writeTabBars(false, "time", true);
-  EXPECT_EQ(bars,
-            std::string(25, ' ') + "<div id=\"header\" class=\"aggregateSumHeader\">\n" + std::string(29, ' ') +
-                "<ul id=\"primary\">\n" + std::string(33, ' ') + "<li><span>Aggregate</span></li>\n" +
-                std::string(33, ' ') + "<li><a href=\"javascript:ShowTable('systemInfo')\">System Info</a></li>\n" +
-                std::string(29, ' ') + "</ul>\n" + std::string(25, ' ') + "</div>\n" + std::string(25, ' ') +
-                "<div id=\"header\" class=\"sysInfoHeader\" style=\"display:none\">\n" + std::string(29, ' ') +
-                "<ul id=\"primary\">\n" + std::string(33, ' ') +
-                "<li><a href=\"javascript:ShowTable('aggregateSummary')\">Aggregate</a></li>\n" +
-                std::string(33, ' ') + "<li><span>System Info</span></li>\n" + std::string(29, ' ') + "</ul>\n" +
-                std::string(25, ' ') + "</div>\n");
+  tgtest::GoldenFile("report_doc_pieces")
+      .expect("tab bars of an aggregate report", writeTabBars(false, "time", true));
   const auto header = writeHeaderTable(true, "detailedmemory", false);
   EXPECT_EQ(countOf(header, "<div id=\"header\""), 4u);
   EXPECT_EQ(countOf(header, "style=\"display:none\""), 3u);
 }
 
 TEST(TabDivs, ScrollersFollowTheReportKind) {
-  const auto aggregateOnly = writeScrollDivs(false, true);
-  EXPECT_EQ(aggregateOnly,
-            "        <div id = \"aggregateSummaryScrollTableDiv\" style=\"width:20px;height:365px;overflow-y:auto;"
-            "display:none;\" onscroll=\"reGenerateTable(this, 'Aggregate');\"></div>\n"
-            "        <span id = \"FakeSpan\" style=\"visibility:hidden;color:white;\"></span>\n");
-  const auto comparison = writeScrollDivs(true, false);
-  EXPECT_NE(comparison.find("phaseSummaryScrollTableDiv"), std::string::npos);
-  EXPECT_EQ(comparison.find("callTreeSummaryScrollTableDiv"), std::string::npos);
-  const auto detail = writeScrollDivs(false, false);
-  EXPECT_NE(detail.find("onscroll=\"reGenerateTable(this, 'CallTree');\""), std::string::npos);
-  EXPECT_LT(detail.find("'Detail'"), detail.find("'CallTree'"));
+  tgtest::GoldenFile("report_doc_pieces")
+      .expect("scrollers of an aggregate report", writeScrollDivs(false, true));
+  expectHas(writeScrollDivs(true, false), {"phaseSummaryScrollTableDiv"}, {"callTreeSummaryScrollTableDiv"});
+  expectInOrder(writeScrollDivs(false, false), {"'Detail'", "onscroll=\"reGenerateTable(this, 'CallTree');\""});
 }
 
 TempoGaugingSystemInfo sampleRecord() {
@@ -190,9 +173,7 @@ TempoGaugingSystemInfo sampleRecord() {
 TEST(SystemInfoTable, ShowsTheRecordEscapedUnderItsLabels) {
   const auto record = sampleRecord();
   const auto table = writeSystemInfoTable(&record);
-  EXPECT_NE(table.find("<td><b>Processor: </b></td><td>CPU &lt;fast&gt; &amp; &quot;wide&quot;</td>"),
-            std::string::npos);
-  EXPECT_EQ(table.find("<script>"), std::string::npos);
+  expectHas(table, {"<td><b>Processor: </b></td><td>CPU &lt;fast&gt; &amp; &quot;wide&quot;</td>"}, {"<script>"});
   expectInOrder(table, {"Hardware/Software", "<b>Processor: </b>", "<b>CPU Speed: </b>", "<b>Cores: </b>",
                         "<b>Total Physical Memory (MB): </b>", "<b>Operating System: </b>", "<b>ORRERY Version: </b>",
                         "<b>Java VM Version: </b>", "OS/Product Details"});
@@ -200,9 +181,7 @@ TEST(SystemInfoTable, ShowsTheRecordEscapedUnderItsLabels) {
 
 TEST(SystemInfoTable, NullRecordGivesEmptyCells) {
   EXPECT_EQ(writeHardwareTable(nullptr), "");
-  const auto table = writeSystemInfoTable(nullptr);
-  EXPECT_NE(table.find("<pre class=\"SystemInfoText\"></pre>"), std::string::npos);
-  EXPECT_EQ(table.find("Processor"), std::string::npos);
+  expectHas(writeSystemInfoTable(nullptr), {"<pre class=\"SystemInfoText\"></pre>"}, {"Processor"});
   const TempoGaugingSystemInfo empty;
   EXPECT_EQ(countOf(writeHardwareTable(&empty), "</b></td><td></td>"), 7u);
 }
@@ -210,37 +189,31 @@ TEST(SystemInfoTable, NullRecordGivesEmptyCells) {
 TEST(ReportScripts, CommonScriptCarriesTheEscapedLabelsAndItsVariant) {
   std::string single;
   writeCommonScript(single, "time", false, "none", "none", true);
-  EXPECT_EQ(single.rfind("    <script type=\"text/javascript\">\n", 0), 0u);
-  EXPECT_NE(single.find("var lhsLabel = \"none\" + baselinelabel.fontsize(0.8);"), std::string::npos);
-  EXPECT_EQ(single.find("'Detail'"), std::string::npos);
-  EXPECT_EQ(single.find("filterCTDataView"), std::string::npos);
-  EXPECT_EQ(single.find("</script>"), std::string::npos);
+  EXPECT_TRUE(single.starts_with("    <script type=\"text/javascript\">\n"));
+  expectHas(single, {"var lhsLabel = \"none\" + baselinelabel.fontsize(0.8);"},
+            {"'Detail'", "filterCTDataView", "</script>"});
 
   std::string comparison;
   writeCommonScript(comparison, "basicmemory", true, "run \"A\" </script>", "B&B", false);
-  EXPECT_NE(comparison.find("var lhsLabel = \"run &quot;A&quot; &lt;/script&gt;\" + baselinelabel"),
-            std::string::npos);
-  EXPECT_NE(comparison.find("var rhsLabel = \"B&amp;B\";"), std::string::npos);
-  EXPECT_NE(comparison.find("function filterCTDataView("), std::string::npos);
-  EXPECT_NE(comparison.find("resizeTabContent['Detail'] = false;"), std::string::npos);
+  expectHas(comparison, {"var lhsLabel = \"run &quot;A&quot; &lt;/script&gt;\" + baselinelabel",
+                         "var rhsLabel = \"B&amp;B\";", "function filterCTDataView(",
+                         "resizeTabContent['Detail'] = false;"});
 }
 
 TEST(ReportScripts, AggregateScriptClosesTheElementOnlyWhenAggregateOnly) {
   std::string aggregateOnly;
   writeAggregateScript(aggregateOnly, "time", true, true);
   EXPECT_TRUE(aggregateOnly.ends_with("    </script>\n"));
-  EXPECT_EQ(aggregateOnly.find("function openDetailTab("), std::string::npos);
+  expectHas(aggregateOnly, {}, {"function openDetailTab("});
   std::string detail;
   writeAggregateScript(detail, "time", false, false);
-  EXPECT_EQ(detail.find("</script>"), std::string::npos);
+  expectHas(detail, {"openDetailTab(nodeIndex)"}, {"</script>"});
   EXPECT_EQ(countOf(detail, "function openDetailTab("), 1u);
-  EXPECT_NE(detail.find("openDetailTab(nodeIndex)"), std::string::npos);
   std::string sortBlock;
   writeSortScript(sortBlock);
   EXPECT_TRUE(sortBlock.starts_with("    <script type=\"text/javascript\">\n"));
   EXPECT_TRUE(sortBlock.ends_with("    </script>\n"));
 }
-
 
 TEST(ReportScripts, TabScriptHoldsOnlyTheViewsOfItsReport) {
   const auto tabScript = [](std::string_view metric, bool detail, bool comparison, bool aggregateOnly) {
@@ -251,33 +224,25 @@ TEST(ReportScripts, TabScriptHoldsOnlyTheViewsOfItsReport) {
   const auto aggregateOnly = tabScript("time", false, false, true);
   EXPECT_TRUE(aggregateOnly.starts_with("    <script type=\"text/javascript\">\n"));
   EXPECT_TRUE(aggregateOnly.ends_with("    </script>\n"));
-  EXPECT_NE(aggregateOnly.find("case 'aggregateSummary':"), std::string::npos);
-  EXPECT_NE(aggregateOnly.find("case 'systemInfo':"), std::string::npos);
-  for (const std::string_view absent : {"case 'phaseSummary':", "case 'callTreeSummary':", "case 'memCanvas':",
-                                        "callTreeHeader", "phaseSumHeader", "renderMemChart", "dialogMove"}) {
-    EXPECT_EQ(aggregateOnly.find(absent), std::string::npos) << absent;
-  }
+  expectHas(aggregateOnly, {"case 'aggregateSummary':", "case 'systemInfo':"},
+            {"case 'phaseSummary':", "case 'callTreeSummary':", "case 'memCanvas':", "callTreeHeader",
+             "phaseSumHeader", "renderMemChart", "dialogMove"});
   // Every page with the dialog body has a handler for its mouse moves: the
   // chart script's, or in the reports without a chart the tab script's.
-  for (const bool comparison : {false, true}) {
-    EXPECT_EQ(tabScript("detailedmemory", true, comparison, false).find("dialogMove"), std::string::npos);
-    EXPECT_NE(tabScript("detailedmemory", true, comparison, true).find("function dialogMove(event)"), std::string::npos);
+  for (const int bits : {0, 1, 2, 3}) {
+    const auto script = tabScript("detailedmemory", true, bits & 1, bits & 2);
+    if (bits & 2) expectHas(script, {"function dialogMove(event)"});
+    else expectHas(script, {}, {"function dialogMove"});
   }
-  EXPECT_EQ(tabScript("detailedmemory", false, false, false).find("dialogMove"), std::string::npos);
+  expectHas(tabScript("detailedmemory", false, false, false), {}, {"dialogMove"});
 
   const auto detail = tabScript("detailedmemory", true, false, false);
   expectInOrder(detail, {"case 'aggregateSummary':", "case 'systemInfo':", "case 'phaseSummary':",
                        "case 'callTreeSummary':", "case 'memCanvas':"});
-  EXPECT_NE(detail.find("'scrollcanvasdiv'"), std::string::npos);
-  EXPECT_NE(detail.find("style.height = '4000px'"), std::string::npos);
-  EXPECT_EQ(detail.find("'absDevMatte'"), std::string::npos);
-
-  const auto comparison = tabScript("detailedmemory", false, true, false);
-  EXPECT_EQ(comparison.find("case 'callTreeSummary':"), std::string::npos);
-  EXPECT_NE(comparison.find("'absDevMatte'"), std::string::npos);
-  EXPECT_NE(comparison.find("style.height = '400px'"), std::string::npos);
-  EXPECT_EQ(comparison.find("style.height = '4000px'"), std::string::npos);
-  EXPECT_EQ(tabScript("time", false, true, false).find("case 'memCanvas':"), std::string::npos);
+  expectHas(detail, {"'scrollcanvasdiv'", "style.height = '4000px'"}, {"'absDevMatte'"});
+  expectHas(tabScript("detailedmemory", false, true, false), {"'absDevMatte'", "style.height = '400px'"},
+            {"case 'callTreeSummary':", "style.height = '4000px'"});
+  expectHas(tabScript("time", false, true, false), {}, {"case 'memCanvas':"});
 }
 
 }  // namespace

@@ -54,6 +54,13 @@ inline std::size_t countOf(std::string_view text, std::string_view what) {
   return count;
 }
 
+// Each of `present` is in the text, and none of `absent`.
+inline void expectHas(std::string_view text, std::initializer_list<std::string_view> present,
+                      std::initializer_list<std::string_view> absent = {}) {
+  for (const auto what : present) EXPECT_NE(text.find(what), std::string_view::npos) << "'" << what << "' is missing";
+  for (const auto what : absent) EXPECT_EQ(text.find(what), std::string_view::npos) << "'" << what << "' is there";
+}
+
 // Each marker is found in the text, and after the one before it.
 inline void expectInOrder(std::string_view text, std::initializer_list<std::string_view> markers) {
   std::size_t last = 0;

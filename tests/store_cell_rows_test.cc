@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "collect_store_reset.h"
@@ -171,16 +172,12 @@ TEST_F(CellRows, WholeSetRoundTripsInOrderWithTheClassOfEachRow) {
   ASSERT_TRUE(std::dynamic_pointer_cast<TGCWGENDataPoint>(back[2]));
   ASSERT_FALSE(std::dynamic_pointer_cast<TGCWGENDataPoint>(back[1]));
   for (std::size_t i = 0; i < 3; ++i) {
-    const auto& a = points[i];
-    const auto& b = back[i + 1];
-    EXPECT_EQ(b->pointType, a->pointType);
-    EXPECT_EQ(b->phaseId, a->phaseId);
-    EXPECT_EQ(b->groupingId, a->groupingId);
-    EXPECT_EQ(b->statisticsTypeId, a->statisticsTypeId);
-    EXPECT_EQ(b->isStart(), a->isStart());
-    EXPECT_FALSE(b->isGap());  // gaps have no cell
-    EXPECT_EQ(b->wallTime, a->wallTime);
-    EXPECT_EQ(b->cpuTime, a->cpuTime);
+    const auto& a = *points[i];
+    const auto& b = *back[i + 1];
+    EXPECT_EQ(std::tie(b.pointType, b.phaseId, b.groupingId, b.statisticsTypeId, b.wallTime, b.cpuTime),
+              std::tie(a.pointType, a.phaseId, a.groupingId, a.statisticsTypeId, a.wallTime, a.cpuTime));
+    EXPECT_EQ(b.isStart(), a.isStart());
+    EXPECT_FALSE(b.isGap());  // gaps have no cell
   }
   const auto lcBack = std::dynamic_pointer_cast<TGLoomchartDataPoint>(back[3]);
   EXPECT_EQ(lcBack->machineId, lc->machineId);
@@ -193,21 +190,16 @@ TEST_F(CellRows, WholeSetRoundTripsInOrderWithTheClassOfEachRow) {
   EXPECT_EQ(rawPointsToCellArray({})->cols(), 0u);
 }
 
-TEST_F(CellRows, EmptyNamesAreInternedWhenRead) {
-  auto host = std::make_shared<TGORRERYDataPoint>();  // grouping and statistics type -1
-  const auto back = read(rawPointsToCellArray({host}).get());
-  ASSERT_EQ(back.size(), 1u);
-  EXPECT_GE(back[0]->groupingId, 0);
-  EXPECT_EQ(name(tg::kGroupingKind, back[0]->groupingId), "");
-  EXPECT_EQ(back[0]->statisticsTypeId, store().findId(tg::kStatisticsTypeKind, ""));
-  EXPECT_GE(back[0]->statisticsTypeId, 0);
-}
-
-TEST_F(CellRows, ZeroDetailedFiguresGiveNoRecordOnHostPointsOnly) {
+// Default points: grouping and statistics type -1, all figures zero.
+TEST_F(CellRows, EmptyNamesAreInternedAndZeroDetailGivesNoRecordOnHostPointsOnly) {
   auto host = std::make_shared<TGORRERYDataPoint>();
   auto cw = std::make_shared<TGCWGENDataPoint>();
   const auto back = read(rawPointsToCellArray({host, cw}).get());
   ASSERT_EQ(back.size(), 2u);
+  EXPECT_GE(back[0]->groupingId, 0);
+  EXPECT_EQ(name(tg::kGroupingKind, back[0]->groupingId), "");
+  EXPECT_GE(back[0]->statisticsTypeId, 0);
+  EXPECT_EQ(back[0]->statisticsTypeId, store().findId(tg::kStatisticsTypeKind, ""));
   EXPECT_FALSE(back[0]->detailedMemStats);
   ASSERT_TRUE(back[0]->basicMemStats);  // always installed
   ASSERT_TRUE(back[1]->detailedMemStats);
@@ -281,14 +273,11 @@ TEST_F(CellRows, CellsOfTheWrongFormGiveDefaults) {
   EXPECT_EQ(back[1]->pointType, 2);
 }
 
-TEST_F(CellRows, NullElementEndsTheReading) {
+TEST_F(CellRows, NullElementEndsTheReadingAndNullOrEmptyArraysReadNothing) {
   const auto row = [](int k) { return hostRow("1", 0, "p" + std::to_string(k), true, {double(k)}); };
   const auto back = read(wrap(row(0), row(1), oxArrayPtr(), row(3)).get());
   ASSERT_EQ(back.size(), 2u);
   EXPECT_EQ(back[1]->wallTime, 1.0);
-}
-
-TEST_F(CellRows, NullOrEmptyArraysLeaveTheOutputAsItWas) {
   RawPointVector points{std::make_shared<TGORRERYDataPoint>()};
   cellArrayToRawPoints(nullptr, points);
   cellArrayToRawPoints(oxCreateCellMatrix(1, 0).get(), points);

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <tuple>
 
 #include "collect/constants.h"
 #include "collect/number_text.h"
@@ -117,11 +118,9 @@ TEST(SystemInfoArray, ReadingIsByPositionAndTolerant) {
 }
 
 TEST(SystemInfoText, CpuSpeedUnits) {
-  EXPECT_EQ(tgCpuSpeedText(2600000), "2.6 GHz");
-  EXPECT_EQ(tgCpuSpeedText(3456789), "3.4568 GHz");
-  EXPECT_EQ(tgCpuSpeedText(1000000), "1000 MHz");
-  EXPECT_EQ(tgCpuSpeedText(800000), "800 MHz");
-  EXPECT_EQ(tgCpuSpeedText(0), "0 MHz");
+  for (const auto& [khz, text] : {std::pair{2600000, "2.6 GHz"}, {3456789, "3.4568 GHz"}, {1000000, "1000 MHz"},
+                                  {800000, "800 MHz"}, {0, "0 MHz"}})
+    EXPECT_EQ(tgCpuSpeedText(khz), text);
 }
 
 TEST_F(SystemInfoHost, CollectsEveryFieldFromTheHost) {
@@ -152,26 +151,21 @@ TEST_F(SystemInfoHost, FailedQueriesGiveEmptyFields) {
 }
 
 TEST_F(SystemInfoHost, AnswersOfTheWrongFormRaiseUnexpectedValue) {
-  host->answerAll();
-  host->answer("feature numCores", oxCreateString("8"));
+  const std::tuple<const char*, oxArrayPtr (*)(), const char*> cases[] = {
+      {"version", [] { return oxCreateDoubleScalar(9); }, "CPU information"},
+      {"system_dependent getcpu", [] { return oxCreateCellMatrix(1, 1); }, "CPU information"},
+      {"evalc ver", [] { return oxCreateLogicalScalar(true); }, "installed products: [evalc('ver')]"},
+      {"feature numCores", [] { return oxCreateNumericArray(1, 2, oxDOUBLE_CLASS); }, "Number of Cores"},
+      {"feature numCores", [] { return oxCreateString("8"); }, "Number of Cores"}};
   TempoGaugingSystemInfo r;
-  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "Number of Cores");
-  EXPECT_EQ(r.processorStr, "Test CPU");  // fields before the failure stay
+  for (const auto& [query, answer, raised] : cases) {
+    host->answerAll();
+    host->answer(query, answer());
+    r = {};
+    EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), raised) << query;
+  }
+  EXPECT_EQ(r.processorStr, "Test CPU");  // fields before the last failure stay
   EXPECT_EQ(r.ORRERYVersionStr, "");
-
-  host->answerAll();
-  host->answer("version", oxCreateDoubleScalar(9));
-  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "CPU information");
-  host->answerAll();
-  host->answer("system_dependent getcpu", oxCreateCellMatrix(1, 1));
-  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "CPU information");
-  host->answerAll();
-  host->answer("evalc ver", oxCreateLogicalScalar(true));
-  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }),
-            "installed products: [evalc('ver')]");
-  host->answerAll();
-  host->answer("feature numCores", oxCreateNumericArray(1, 2, oxDOUBLE_CLASS));
-  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), "Number of Cores");
   host->answerAll();
   host->answer("feature numCores", oxCreateInt32Scalar(6));  // any numeric scalar
   querySystemInfo(r);
