@@ -27,6 +27,7 @@ bench: build
 	done
 	@if [ -f $(BUILD)/octave/GaugeKit.oct ]; then octave-cli -q bench/octave_log_cost.m $(BUILD); fi
 	@if [ -d tests/browser/node_modules/playwright-core ]; then node bench/browser_memchart.js $(BUILD); fi
+	@if [ -d tests/browser/node_modules/playwright-core ]; then node bench/browser_details.js $(BUILD); fi
 
 demo: build
 	$(BUILD)/tempogauge demo --out tempogauge-demo

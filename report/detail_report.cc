@@ -37,10 +37,8 @@ bool writeDetailReport(TempoGauge* store, std::string_view htmlfile, std::string
   doc.writeTabScript();
   doc.writeLibraryScripts("none", "none");
   doc.writeAggregateScript();
-  // The detail table's script closes the element that the common script
-  // opened; until this report carries it, the element is closed here. The call
-  // tree table's script would follow.
-  doc.write(kScriptClose);
+  doc.writeDetailScript();
+  doc.writeCallTreeScript();
   doc.write(kScriptOpen);
   doc.write(writeCallTree(callTree));
   doc.write(writeProcData(run->processedPoints, metric));

@@ -35,9 +35,7 @@ bool writeDifferenceReport(TempoGauge* store, std::string_view htmlfile, std::st
   doc.writeLibraryScripts(lhslabel, rhslabel);
   doc.write(writeDiffProcData(runs.processedRows, metric));
   doc.writeAggregateScript();
-  // The detail table's script closes the element that the common script
-  // opened; until this report carries it, the element is closed here.
-  doc.write(kScriptClose);
+  doc.writeDetailScript();
   doc.write(kScriptOpen);
   doc.write(writeNameArrays(store));
   doc.write(writeDiffAggData(runs.aggregateRows, metric));

@@ -53,3 +53,11 @@ void ReportDocument::writeLibraryScripts(std::string_view lhsName, std::string_v
 void ReportDocument::writeAggregateScript() {
   writePiece([&](std::string& out) { ::writeAggregateScript(out, metric_, isComparison_, aggregateOnly_); });
 }
+
+void ReportDocument::writeDetailScript() {
+  writePiece([&](std::string& out) { ::writeDetailScript(out, metric_, isComparison_); });
+}
+
+void ReportDocument::writeCallTreeScript() {
+  writePiece([&](std::string& out) { ::writeCallTreeScript(out, metric_); });
+}

@@ -35,6 +35,10 @@ class ReportDocument {
   // The aggregate table's functions; they close the open script element when
   // the report has the aggregate view only.
   void writeAggregateScript();
+  // The detail table's functions, which close the open script element.
+  void writeDetailScript();
+  // The script element of the call tree table.
+  void writeCallTreeScript();
 
  private:
   // Writes what `append` appends to the reused piece buffer.

@@ -26,6 +26,10 @@ void writeCommonScript(std::string& out, std::string_view metric, bool isCompari
   variant.aggregateOnly = aggregateOnly;
   out += kScriptOpen;
   appendVariantText(out, tg::assets::common_script_js, variant, labels);
+  if (aggregateOnly) return;
+  // The check boxes and the forms of the detail and call tree tables.
+  appendVariantText(out, tg::assets::checked_rows_js, variant);
+  appendVariantText(out, tg::assets::filter_form_js, variant);
 }
 
 void writeTabScript(std::string& out, std::string_view metric, bool hasDetailedMemStats, bool isComparison,
@@ -74,4 +78,20 @@ void writeMemChartScript(std::string& out, bool hasDetailedMemStats) {
 
 void writeDiffChartScript(std::string& out, bool hasDetailedMemStats) {
   writeChartScript(out, true, hasDetailedMemStats, tg::assets::diff_chart_js);
+}
+
+void writeDetailScript(std::string& out, std::string_view metric, bool isComparison) {
+  ReportVariant variant;
+  variant.metric = metric;
+  variant.isComparison = isComparison;
+  appendVariantText(out, tg::assets::detail_table_js, variant);
+  out += kScriptClose;
+}
+
+void writeCallTreeScript(std::string& out, std::string_view metric) {
+  ReportVariant variant;
+  variant.metric = metric;
+  out += kScriptOpen;
+  appendVariantText(out, tg::assets::call_tree_table_js, variant);
+  out += kScriptClose;
 }

@@ -1,5 +1,6 @@
 // The script pieces of a report that this module writes: the sort block, the
-// common script library, the tab switching script and the aggregate table.
+// common script library with the forms, the tab switching script and the
+// aggregate, detail and call tree tables.
 // Each appends only the lines of its own report variant.
 #pragma once
 
@@ -10,7 +11,8 @@
 void writeSortScript(std::string& out);
 
 // Opens a script element with the common library and leaves it open: the
-// comparison data and the table scripts follow in the same element. The run
+// comparison data and the table scripts follow in the same element. Reports
+// with more than the aggregate view also get the forms' functions here. The run
 // labels are "none" in single-run reports.
 void writeCommonScript(std::string& out, std::string_view metric, bool isComparison, std::string_view lhsName,
                        std::string_view rhsName, bool aggregateOnly);
@@ -28,3 +30,10 @@ void writeAggregateScript(std::string& out, std::string_view metric, bool isComp
 // resize handler that the window's resize handler calls.
 void writeMemChartScript(std::string& out, bool hasDetailedMemStats);
 void writeDiffChartScript(std::string& out, bool hasDetailedMemStats);
+
+// The detail table's functions; closes the script element that the common
+// script opened.
+void writeDetailScript(std::string& out, std::string_view metric, bool isComparison);
+
+// A complete script element with the call tree table's functions.
+void writeCallTreeScript(std::string& out, std::string_view metric);

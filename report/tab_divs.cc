@@ -1,5 +1,7 @@
 #include "report/tab_divs.h"
 
+#include "report/filter_forms.h"
+
 namespace {
 
 const char* const kScrollerStyle = "width:20px;height:365px;overflow-y:auto;display:none;";
@@ -22,20 +24,17 @@ std::string writeAggregateTabDiv() {
 }
 
 std::string writeCallTreeTabDiv() {
-  // The call tree's filter form follows the table div once that view exists.
   return "        <div id = \"callTreeSummaryDiv\" style=\"height:100%;text-align:left;overflow:none\">\n"
          "            <div id = \"callTreeSummaryTableDiv\" style=\"height:100%;vertical-align:top;text-align:left;"
-         "overflow:none\"></div>\n"
-         "        </div>\n";
+         "overflow:none\"></div>\n" +
+         writeCallTreeFilterForm() + "        </div>\n";
 }
 
-std::string writeDetailTabDiv(std::string_view /*metric*/, bool /*isComparison*/) {
-  // The detail view's filter and sort form follows the table div once that
-  // view exists; its fields depend on the metric and the report kind.
+std::string writeDetailTabDiv(std::string_view metric, bool isComparison) {
   return "        <div id = \"phaseSummaryDiv\" style=\"text-align:left;overflow:none;height:100%\">\n"
          "            <div id = \"phaseSummaryTableDiv\" style=\"vertical-align:top;text-align:left;overflow:none;"
-         "height:100%;display:none\"></div>\n"
-         "        </div>\n";
+         "height:100%;display:none\"></div>\n" +
+         writeFilterForm(metric, isComparison) + "        </div>\n";
 }
 
 std::string writeScrollDivs(bool isComparison, bool skipDetail) {

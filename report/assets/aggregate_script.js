@@ -312,13 +312,9 @@ function openDetailTab(phaseName) {
         var sortCell = document.getElementById(sortId);
         if (sortCell) sortCell.value = 1;
     }
-    var phaseNameInput = document.getElementById('phasename');
-    if (phaseNameInput) phaseNameInput.value = phaseName;
+    document.getElementById('phasename').value = phaseName;
     ShowTable('phaseSummary');
     document.getElementById('phaseSummaryTableDiv').style.display = 'block';
-    // A report written without the detail table's form and script opens the
-    // tab empty, as ShowTable does.
-    if (!phaseNameInput || typeof modifyDataView != 'function') return;
     modifyDataView(false);
     dataView.AllChecked = true;
     for (var i = 0; i < dataView.Index.length; i++) {
@@ -326,6 +322,7 @@ function openDetailTab(phaseName) {
         var checkBox = document.getElementById('checkBox' + i);
         if (checkBox) checkBox.checked = true;
     }
+    noteDetailChecksChanged();
     renderDetailTable();
     updateTotals();
 }

@@ -39,6 +39,8 @@ dataView['Checked'] = new Array();
 
 // No table ever holds more real rows than this.
 var ABSMAXNUMPHASES = 32;
+// Nor does a scroller hold more blank rows than this.
+var MAXSCROLLERROWS = 500;
 var numPhasesToRenderInTable = new Array();
 numPhasesToRenderInTable['Aggregate'] = ABSMAXNUMPHASES;
 //#if !aggregateOnly
@@ -138,8 +140,8 @@ function modifyStrToShow(stringArray, origStr, cellWidth) {
     return origStr;
 }
 
-// Fills the scroller with one blank row per view entry, so that its native
-// scroll bar shows the true position and length of the view.
+// Fills the scroller with blank rows as tall as the view's rows, so that its
+// native scroll bar shows the true position and length of the view.
 function generateFakeDivContents(tableType) {
     var dataLength = 0;
     var rowHeight = 25;
@@ -173,9 +175,16 @@ function generateFakeDivContents(tableType) {
     }
     var scroller = document.getElementById(divId);
     if (scroller) {
-        var rowText = '<tr><td style="border:0px;height:' + rowHeight + 'px;">&nbsp;</td></tr>';
-        var rows = new Array(dataLength);
-        for (var i = 0; i < dataLength; i++) rows[i] = rowText;
+        // Up to MAXSCROLLERROWS entries each have a row; a longer view has
+        // one row of the height of all its entries, which keeps the layout of
+        // the page cheap.
+        var rows = new Array();
+        if (dataLength <= MAXSCROLLERROWS) {
+            var rowText = '<tr><td style="border:0px;height:' + rowHeight + 'px;">&nbsp;</td></tr>';
+            for (var i = 0; i < dataLength; i++) rows.push(rowText);
+        } else {
+            rows.push('<tr><td style="border:0px;height:' + (rowHeight * dataLength) + 'px;">&nbsp;</td></tr>');
+        }
         scroller.innerHTML = '<table class="dataTable" width="1px" border="0" cellspacing="0" cellpadding="0">' +
                              rows.join('') + '</table>';
     }
@@ -381,7 +390,8 @@ function tableResizeAction(tableType) {
             tableDivId = 'aggregateSummaryDiv';
             divId = 'aggregateSummaryScrollTableDiv';
             fRowId = 'aggregateSummaryTableFirstRow';
-            secondRowId = 'aggregateSummaryTableSecondRow';
+            // The aggregate's second header row is left to positionScrollbar.
+            secondRowId = null;
             lRowId = 'aggregateSummaryTableLastHeaderRow';
             dataLength = aggDataView.Index.length;
             aggrRowHeight = 0;
@@ -434,7 +444,7 @@ function tableResizeAction(tableType) {
 
     var tableDiv = document.getElementById(tableDivId);
     var firstRow = document.getElementById(fRowId);
-    var secondRow = document.getElementById(secondRowId);
+    var secondRow = secondRowId ? document.getElementById(secondRowId) : null;
     var lastRow = document.getElementById(lRowId);
     var scroller = document.getElementById(divId);
     if (scroller) {
@@ -455,7 +465,7 @@ function computeNumPhasesToRender(tableType) {
     switch (tableType) {
         case 'Aggregate':
             firstRowId = 'aggregateSummaryTableFirstRow';
-            secondRowId = 'aggregateSummaryTableSecondRow';
+            secondRowId = null;
             lastRowId = 'aggregateSummaryTableLastHeaderRow';
             break;
 //#if !aggregateOnly
@@ -487,7 +497,7 @@ function computeNumPhasesToRender(tableType) {
     var headerTable = document.getElementById('headerTable');
     var headerHeight = headerTable ? headerTable.clientHeight : 0;
     var firstRow = document.getElementById(firstRowId);
-    var secondRow = document.getElementById(secondRowId);
+    var secondRow = secondRowId ? document.getElementById(secondRowId) : null;
     var lastRow = document.getElementById(lastRowId);
     var actualTableHeight = windowHeight - headerHeight - (firstRow ? firstRow.clientHeight : 0) -
                             (secondRow ? secondRow.clientHeight : 0) - aggrRowHeight -

@@ -92,15 +92,6 @@ function dialogMove(event) {
 }
 
 //#endif
-//#if !aggregateOnly && !comparison
-// The aggregate table's phase links lead to the call tree. The call tree's own
-// script (a later declaration replaces this one) also finds the phase there;
-// until then a link shows the tab.
-function openCallTreeTab(phaseName) {
-    ShowTable('callTreeSummary');
-}
-
-//#endif
 function SetHeaderVisibility(headerClassName, visibilityStr) {
     var headers = getElementsByClassName(headerClassName);
     if (headers == null || headers.length == 0) return;
@@ -243,15 +234,11 @@ function ShowTable(tableType) {
             setElementDisplay('userInputs', 'block');
             setElementDisplay('phaseSummaryScrollTableDiv', 'block');
             setElementDisplay('phaseSummaryDiv', 'block');
-            // A report written without the detail table's script shows the
-            // tab empty instead of stopping here with the other tabs hidden.
-            if (typeof renderDetailTable == 'function') {
-                if (resizeTabContent['Detail']) {
-                    renderDetailTable();
-                    resizeTabContent['Detail'] = false;
-                }
-                updateTotals();
+            if (resizeTabContent['Detail']) {
+                renderDetailTable();
+                resizeTabContent['Detail'] = false;
             }
+            updateTotals();
             SetHeaderVisibility('phaseSumHeader', 'block');
             break;
 //#endif
@@ -259,19 +246,16 @@ function ShowTable(tableType) {
         case 'callTreeSummary':
             setElementDisplay('CT_userInputs', 'block');
             setElementDisplay('callTreeSummaryDiv', 'block');
-            // As above, for a report written without the call tree's script.
-            if (typeof createCTDataView == 'function') {
-                if (ctDataViewCreated == false) {
-                    createCTDataView();
-                    ctDataViewCreated = true;
-                    renderCTDetailTable();
-                }
-                if (resizeTabContent['CallTree']) {
-                    renderCTDetailTable();
-                    resizeTabContent['CallTree'] = false;
-                }
-                updateCTTotals();
+            if (ctDataViewCreated == false) {
+                createCTDataView();
+                ctDataViewCreated = true;
+                renderCTDetailTable();
             }
+            if (resizeTabContent['CallTree']) {
+                renderCTDetailTable();
+                resizeTabContent['CallTree'] = false;
+            }
+            updateCTTotals();
             setElementDisplay('callTreeSummaryScrollTableDiv', 'block');
             SetHeaderVisibility('callTreeHeader', 'block');
             break;

@@ -4,6 +4,7 @@
 //   tg_make_reports reports DIR     the reports, named as listed in DIR/index.txt
 //   tg_make_reports scripts DIR     each script asset as every variant selects it
 //   tg_make_reports bench DIR [N]   the memory chart pages of the browser benchmarks
+//   tg_make_reports bench-tables DIR  the detail and call tree pages of the browser benchmarks
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -97,6 +98,74 @@ RawPointVector chartRun(int count, double scale, std::string_view extra = "", in
   return points;
 }
 
+// Nested phases with loops the call tree merges, gaps that become "_self" and
+// "_post" rows, and a deep path to one "Needle".
+RawPointVector nestedRun(bool detailed) {
+  tgreport::RunBuilder run(detailed);
+  run.open("Outer");
+  for (int i = 0; i < 5; ++i) {
+    run.open("Loop");
+    run.phase("Inner", 0.05 * (i + 1));
+    run.close("Loop", 0.3);
+  }
+  run.close("Outer", 0.5);
+  const char* const path[] = {"Deep 1", "Deep 2", "Deep 3", "Deep 4", "Deep 5", "Deep 6"};
+  for (const char* name : path) run.open(name);
+  run.phase("Needle", 0.01);
+  for (int i = 5; i >= 0; --i) run.close(path[i], 0.001);
+  run.phase("Tail", 0.2);
+  return run.take();
+}
+
+// The traces of the table benchmarks: executions of a hundred phases in turn,
+// with times that vary from one execution to the next; a call tree of
+// `branches` chains `depth` levels deep; and one of `width` siblings with a
+// child each.
+RawPointVector manyExecutions(int executions) {
+  tgreport::RunBuilder run(false);
+  std::uint32_t state = 12345;
+  for (int i = 0; i < executions; ++i) {
+    char name[32];
+    std::snprintf(name, sizeof name, "Step %03d", i % 100);
+    state = state * 1664525u + 1013904223u;
+    run.phase(name, 0.001 * static_cast<double>(state >> 16) / 65536.0 * 50.0);
+  }
+  return run.take();
+}
+
+RawPointVector deepTree(int branches, int depth) {
+  tgreport::RunBuilder run(false);
+  run.open("Deep root");
+  for (int b = 0; b < branches; ++b) {
+    std::vector<std::string> names;
+    char name[32];
+    std::snprintf(name, sizeof name, "Branch %03d", b);
+    names.emplace_back(name);
+    for (int level = 1; level < depth; ++level) {
+      std::snprintf(name, sizeof name, "Level %04d", level);
+      names.emplace_back(name);
+    }
+    for (const auto& n : names) run.open(n);
+    for (auto it = names.rbegin(); it != names.rend(); ++it) run.close(*it, 0.00001);
+  }
+  run.close("Deep root", 0.0);
+  return run.take();
+}
+
+RawPointVector wideTree(int width) {
+  tgreport::RunBuilder run(false);
+  run.open("Wide root");
+  for (int i = 0; i < width; ++i) {
+    char name[32];
+    std::snprintf(name, sizeof name, "Child %05d", i);
+    run.open(name);
+    run.phase("Leaf", 0.00001);
+    run.close(name, 0.00001);
+  }
+  run.close("Wide root", 0.0);
+  return run.take();
+}
+
 TempoGaugingSystemInfo recordNamed(std::string_view processor) {
   TempoGaugingSystemInfo record;
   record.processorStr = std::string(processor);
@@ -167,6 +236,10 @@ int writeReports(const fs::path& dir) {
            writeMemChartScript(script, false);
            return script;
          }();
+  for (const std::string metric : {"time", "basicmemory", "detailedmemory"}) {
+    single("nested_" + metric + ".html", false, metric, nestedRun(true));
+  }
+  single("detail_hostile_names.html", false, "time", hostileRun());
   single("aggregate_hostile_names.html", true, "time", hostileRun());
   comparison("diff_hostile_names.html", false, "time", hostileRun(), hostileRun(), "<b>left</b>", "right's", false);
   return ok ? 0 : 1;
@@ -242,6 +315,7 @@ int main(int argc, char** argv) {
   try {
     if (mode == "reports") return writeReports(dir);
     if (mode == "scripts") return writeScriptVariants(dir);
+    if (mode == "bench-tables") return writeTableBenchReports(dir);
     if (mode == "bench") return writeBenchReports(dir, argc > 3 ? std::atoi(argv[3]) : 100000);
   } catch (const std::exception& e) {
     std::fprintf(stderr, "tg_make_reports: %s\n", e.what());

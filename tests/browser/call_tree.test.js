@@ -1,0 +1,169 @@
+// The Call Tree tab in Chromium: the merged tree folded and unfolded, check
+// boxes and totals, the filter form, and the links from the aggregate table
+// and to the Details tab.
+'use strict';
+const { test, before, after } = require('node:test');
+const assert = require('node:assert/strict');
+const { launchBrowser, openReport, settle } = require('./chromium');
+
+let browser;
+before(async () => { browser = await launchBrowser(); });
+after(async () => { if (browser) await browser.close(); });
+
+async function openCallTree(name) {
+  const opened = await openReport(browser, name);
+  await opened.page.locator('.aggregateSumHeader a', { hasText: 'Call Tree' }).click();
+  await settle(opened.page);
+  return opened;
+}
+
+// The view as { name, count, checked, open } in display order.
+function treeView(page) {
+  return page.evaluate(() => CTDataView.Index.map((n, k) => ({
+    name: Phase[procData[nodeArray[n].IDs[0]].Phase], count: nodeArray[n].IDs.length,
+    checked: CTDataView.Checked[k] == 1 })));
+}
+
+function names(rows) {
+  return rows.map((r) => r.name);
+}
+
+// The window row that shows a phase, by the text of its link.
+function rowOf(page, name) {
+  return page.locator('#callTreeSummaryTable tr[id^=CTR_]', {
+    has: page.locator('a', { hasText: new RegExp(`^${name}$`) }) });
+}
+
+async function toggle(page, name) {
+  await rowOf(page, name).locator('td.PlusMinusSpacer').click();
+  await settle(page);
+}
+
+test('the tree opens two levels deep with loops merged, and a subtree folds and unfolds', async () => {
+  const { page, errors } = await openCallTree('nested_time.html');
+  const first = await treeView(page);
+  assert.deepEqual(names(first), ['Outer', 'Loop', 'Loop_post', 'Deep 1', 'Deep 2', 'Tail']);
+  assert.equal(first[1].count, 5, 'the five loop iterations are one node');
+  assert.equal(await page.locator('#CT_aggregateTD').textContent(), 'Aggregate (N = 6)');
+  const expander = (name) => rowOf(page, name).locator('td.PlusMinusSpacer').textContent();
+  assert.equal(await expander('Loop'), '[+]');
+  assert.equal(await expander('Outer'), '[-]');
+
+  await toggle(page, 'Loop');
+  assert.deepEqual(names(await treeView(page)), ['Outer', 'Loop', 'Inner', 'Inner_post', 'Loop_post', 'Deep 1', 'Deep 2', 'Tail']);
+  assert.equal(await expander('Loop'), '[-]');
+  await toggle(page, 'Outer');
+  assert.deepEqual(names(await treeView(page)), ['Outer', 'Deep 1', 'Deep 2', 'Tail'], 'every open level goes');
+  assert.equal(await expander('Outer'), '[+]');
+  await toggle(page, 'Outer');
+  assert.deepEqual(names(await treeView(page)), ['Outer', 'Loop', 'Loop_post', 'Deep 1', 'Deep 2', 'Tail']);
+  // A leaf's expander changes nothing.
+  await toggle(page, 'Tail');
+  assert.equal((await treeView(page)).length, 6);
+  // Shading follows depth: both children of Outer share one class.
+  const classes = await page.evaluate(() => [2, 3, 4].map((r) => document.getElementById('ct_countTD' + r).className));
+  assert.deepEqual(classes, ['dataCell phaseSummaryCell dataCellOdd', 'dataCell phaseSummaryCell dataCellOdd',
+                             'dataCell phaseSummaryCell dataCellEven']);
+  assert.deepEqual(errors, []);
+});
+
+test('a checked node sums its own executions into the totals, by metric', async () => {
+  const reports = [
+    { name: 'nested_time.html', totals: { CT_totalSelfTime: ['WCSelf', 'sum'] } },
+    { name: 'nested_basicmemory.html',
+      totals: { CT_totalDelta: ['UsageDelta', 'sum'], CT_totalUsage: ['Usage', 'max'],
+                CT_totalPeakDelta: ['UsagePeakDelta', 'sum'], CT_totalPeak: ['UsagePeak', 'max'] } },
+    { name: 'nested_detailedmemory.html',
+      totals: { CT_totalCom: ['Committed', 'max'], CT_totalFree: ['Free', 'max'], CT_totalOS: ['NonProcess', 'max'] } },
+  ];
+  for (const { name, totals } of reports) {
+    const { page, errors } = await openCallTree(name);
+    await toggle(page, 'Loop');
+    await rowOf(page, 'Inner').locator('input[type=checkbox]').check();
+    await rowOf(page, 'Tail').locator('input[type=checkbox]').check();
+    await settle(page);
+    const expected = await page.evaluate((specs) => {
+      const rows = procData.filter((row) => ['Inner', 'Tail'].includes(Phase[row.Phase]));
+      const out = { CT_totalChecked: '2', CT_totalExecCount: '' + rows.length };
+      for (const [id, [field, how]] of Object.entries(specs)) {
+        let value = 0;
+        for (const row of rows) value = how == 'sum' ? value + row[field] : Math.max(value, row[field]);
+        out[id] = createScientificNotation(value);
+      }
+      return out;
+    }, totals);
+    assert.equal(expected.CT_totalExecCount, '6');
+    const shown = await page.evaluate((ids) => ids.map((id) => document.getElementById(id).textContent), Object.keys(expected));
+    assert.deepEqual(shown, Object.values(expected), name);
+    // The header's box checks every row of the view.
+    await page.locator('#AllCTChecked').check();
+    await settle(page);
+    assert.equal(await page.locator('#CT_totalChecked').textContent(), '' + (await treeView(page)).length);
+    assert.deepEqual(errors, [], name);
+    await page.close();
+  }
+});
+
+test('a filter keeps the way to a deep match open and checks the match; an invalid one leaves the tree', async () => {
+  const { page, errors } = await openCallTree('nested_time.html');
+  const refresh = async (value) => {
+    if (!(await page.locator('#CT_FilterData').isVisible())) {
+      await page.locator('#CT_userInputs a', { hasText: 'Filters' }).click();
+    }
+    await page.locator('#CT_phasename').fill(value);
+    await page.locator('#CT_userInputs input[value=Refresh]').click();
+    await settle(page);
+  };
+  await refresh('^Needle$');
+  const rows = await treeView(page);
+  assert.deepEqual(names(rows), ['Deep 1', 'Deep 2', 'Deep 3', 'Deep 4', 'Deep 5', 'Deep 6', 'Needle']);
+  assert.deepEqual(rows.map((r) => r.checked), [false, false, false, false, false, false, true]);
+  assert.equal(await page.locator('#CT_FilterDataDisp').textContent(), 'Phase::^Needle$');
+  assert.equal(await rowOf(page, 'Needle').isVisible(), true);
+
+  await refresh('Needle[');
+  assert.match(await page.locator('#CT_FilterMessage').textContent(), /^Phase: "Needle\[" is not a valid regular expression/);
+  assert.deepEqual(await treeView(page), rows);
+
+  // Every cell empty: the first view again.
+  await refresh('');
+  assert.deepEqual(names(await treeView(page)).slice(0, 3), ['Outer', 'Loop', 'Loop_post']);
+  assert.equal(await page.locator('#CT_FilterMessage').textContent(), '');
+  assert.deepEqual(errors, []);
+});
+
+test('an aggregate link lands on its phase, and a node links to its executions in Details', async () => {
+  const { page, errors } = await openReport(browser, 'nested_time.html');
+  await page.locator('#aggregateSummaryTable a', { hasText: /^Needle$/ }).click();
+  await settle(page);
+  assert.equal(await page.evaluate(() => activeTab), 'callTreeSummary');
+  assert.equal(await page.locator('#CT_phasename').inputValue(), 'Needle');
+  assert.equal(await rowOf(page, 'Needle').locator('input[type=checkbox]').isChecked(), true);
+  assert.equal(await page.locator('#CT_totalChecked').textContent(), '1');
+
+  await page.locator('.callTreeHeader a', { hasText: 'Aggregate' }).click();
+  await page.locator('#aggregateSummaryTable a', { hasText: /^Inner$/ }).click();
+  await settle(page);
+  await rowOf(page, 'Inner').locator('a').click();
+  await settle(page);
+  assert.equal(await page.evaluate(() => activeTab), 'phaseSummary');
+  const rows = await page.evaluate(() => dataView.Index.map((i, k) => [Phase[procData[i].Phase], dataView.Checked[k]]));
+  assert.deepEqual(rows, Array(5).fill(['Inner', 1]));
+  assert.equal(await page.locator('#totalChecked').textContent(), '5');
+  assert.equal(await page.locator('#totalSelfTime').textContent(), '0.75');
+  assert.deepEqual(errors, []);
+});
+
+test('names with markup are shown as text in the Call Tree and Details tabs', async () => {
+  const { page, errors } = await openCallTree('detail_hostile_names.html');
+  const treeText = await page.locator('#callTreeSummaryTable').innerText();
+  assert.ok(treeText.includes('<img src=x'), treeText);
+  await page.locator('#callTreeSummaryTable a', { hasText: 'quoted' }).click();
+  await settle(page);
+  assert.match(await page.locator('#phaseTD0').textContent(), /^it's "quoted" back/);
+  await page.locator('#userInputs input[value=Refresh]').click();
+  await settle(page);
+  assert.ok((await page.locator('#phaseSummaryTable').innerText()).includes('</script><script>'));
+  assert.equal(await page.evaluate(() => typeof window.injected), 'undefined');
+  assert.deepEqual(errors, []);
+});
