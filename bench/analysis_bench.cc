@@ -6,11 +6,15 @@
 #include <map>
 #include <random>
 
+#include "analysis/pairing.h"
 #include "analysis/pairing_gap.h"
+#include "analysis_trace_builder.h"
 #include "host/md5.h"
 #include "tempogauge/tempogauge.h"
 
 namespace {
+
+using tgtest::deepCopy;
 
 struct Event {
   std::int32_t phase;
@@ -78,18 +82,11 @@ const RawPointVector& traceOf(std::size_t length) {
   return it->second;
 }
 
-RawPointVector copyOf(const RawPointVector& v) {
-  RawPointVector out;
-  out.reserve(v.size());
-  for (const auto& p : v) out.push_back(cloneRawPoint(*p));
-  return out;
-}
-
 const TGProcessedDataStruct& pairedOf(std::size_t length) {
   static std::map<std::size_t, TGProcessedDataStruct> results;
   auto it = results.find(length);
   if (it == results.end()) {
-    RawPointVector copy = copyOf(traceOf(length));
+    RawPointVector copy = deepCopy(traceOf(length));
     it = results.emplace(length, analyzeRawPoints(copy, {"BenchGrouping"}, false)).first;
   }
   return it->second;
@@ -100,7 +97,7 @@ void BM_Pairing(benchmark::State& state) {
   const RawPointVector& trace = traceOf(length);
   for (auto _ : state) {
     state.PauseTiming();
-    RawPointVector copy = copyOf(trace);
+    RawPointVector copy = deepCopy(trace);
     state.ResumeTiming();
     TGProcessedDataStruct r = analyzeRawPoints(copy, {"BenchGrouping"}, false);
     benchmark::DoNotOptimize(r.processedPoints.data());
@@ -139,7 +136,7 @@ void BM_PairAggregateCallTree(benchmark::State& state) {
   const RawPointVector& trace = traceOf(static_cast<std::size_t>(state.range(0)));
   for (auto _ : state) {
     state.PauseTiming();
-    RawPointVector copy = copyOf(trace);
+    RawPointVector copy = deepCopy(trace);
     state.ResumeTiming();
     TGProcessedDataStruct r = analyzeRawPoints(copy, {"BenchGrouping"}, false);
     AggregateTable table = buildAggregateTable(r.processedPoints);

@@ -13,11 +13,7 @@
 
 namespace {
 
-RawPointVector deepCopy(const RawPointVector& v) {
-  RawPointVector out;
-  for (const auto& p : v) out.push_back(p ? cloneRawPoint(*p) : nullptr);
-  return out;
-}
+using tgtest::deepCopy;
 
 // Every field of a record or point as text, so that two walks compare with
 // one string each and a failure shows where they part. Doubles are written

@@ -8,6 +8,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "analysis/pairing.h"
 #include "tempogauge/tempogauge.h"
 
 namespace tgtest {
@@ -55,11 +56,7 @@ class ReferenceWalk {
       result_.baseWCTime = v.front()->wallTime;
       result_.baseCPUTime = v.front()->cpuTime;
     }
-    result_.processedPoints.clear();
-    for (const RawPointPtr& p : v) {
-      if (!p || !p->isStart()) continue;
-      if (const auto it = map_.find(p.get()); it != map_.end()) result_.processedPoints.push_back(it->second);
-    }
+    result_.processedPoints = startPointsInOrder(v);
     return result_;
   }
 

@@ -5,6 +5,8 @@
 #include <memory>
 #include <string>
 
+#include "analysis/pairing.h"
+#include "analysis/pairing_gap.h"
 #include "tempogauge/tempogauge.h"
 
 namespace tgtest {
@@ -47,6 +49,15 @@ inline RawPointPtr makeRawPoint(const PointSite& site, bool start, double wall, 
   p->wallTime = wall;
   p->cpuTime = cpu;
   return p;
+}
+
+// A copy of each point (null stays null), for walks that insert gap points
+// into the vector that they walk.
+inline RawPointVector deepCopy(const RawPointVector& v) {
+  RawPointVector out;
+  out.reserve(v.size());
+  for (const auto& p : v) out.push_back(p ? cloneRawPoint(*p) : nullptr);
+  return out;
 }
 
 // Appends points with a running clock: start/stop move the clock first.

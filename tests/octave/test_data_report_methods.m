@@ -29,6 +29,11 @@
 %! raw = GaugeKit.Tracer.getRawData ();
 %! assert (numel (raw), 8);
 %! assert (all (cellfun (@(r) strcmp (r{4}, "OctClearB"), raw)));
+%! ## A model with a target takes the whole model, not only the target.
+%! GaugeKit.Tracer.logCogwheelData ("OctClearB", "m", "t1", "p", true);
+%! GaugeKit.Tracer.logCogwheelData ("OctClearB", "m", "t2", "p", true);
+%! GaugeKit.Tracer.clearRawData ("grouping", "OctClearB", "model", "m", "target", "t1");
+%! assert (numel (GaugeKit.Tracer.getRawData ()), 8);
 %! GaugeKit.Tracer.clearRawData ();
 %! assert (numel (GaugeKit.Tracer.getRawData ()), 0);
 %!test expect_errors ({
@@ -95,6 +100,7 @@
 %! remove_dir (dir);
 %!test expect_errors ({
 %!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.saveToFile(42)
+%!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.saveToFile("")
 %!  "OpenFileFailed", "no-such-folder", @() GaugeKit.Tracer.saveToFile(fullfile(tempdir(), "no-such-folder", "x.orf"))
 %!  "ParameterMismatchString", "Filename", @() GaugeKit.Tracer.loadTracerData({"a.orf"})
 %!  "MissingOrfExt", "", @() GaugeKit.Tracer.loadTracerData("trace.mat")

@@ -75,13 +75,8 @@
 %! raw = GaugeKit.Tracer.getRawData ();
 %! assert (size (raw), [1 6]);
 %! assert (cellfun (@numel, raw), [16 18 20 20 18 16]);
-%! assert (raw{1}{1}, "1");
-%! assert (raw{1}{3}, "outer");
-%! assert (raw{1}{4}, "OctLog");
-%! assert (raw{2}{5}, "model");
-%! assert (raw{3}{8}, "chart");
-%! assert (raw{1}{6}, true);
-%! assert (raw{6}{6}, false);
+%! assert ({raw{1}{1}, raw{1}{3}, raw{1}{4}, raw{2}{5}, raw{3}{8}, raw{1}{6}, raw{6}{6}},
+%!         {"1", "outer", "OctLog", "model", "chart", true, false});
 %! GaugeKit.Tracer.enable ("OctLog", false);
 %! GaugeKit.Tracer.logORRERYData ("OctLog", "outer", true);
 %! assert (stored_points (), 6);
@@ -101,11 +96,10 @@
 
 ## enable: the count first, then the grouping, then the value.
 %!test
-%! assert (GaugeKit.Tracer.enable ("OctEnable"), false);
-%! assert (GaugeKit.Tracer.enable ("OctEnable", true), true);
-%! assert (GaugeKit.Tracer.enable ("OctEnable"), true);
-%! assert (GaugeKit.Tracer.enable ("OctEnable", false), false);
-%! assert (GaugeKit.Tracer.enable ("OctEnable"), false);
+%! answers = {GaugeKit.Tracer.enable("OctEnable"), GaugeKit.Tracer.enable("OctEnable", true), ...
+%!            GaugeKit.Tracer.enable("OctEnable"), GaugeKit.Tracer.enable("OctEnable", false), ...
+%!            GaugeKit.Tracer.enable("OctEnable")};
+%! assert (answers, {false, true, true, false, false});
 %!test expect_errors ({
 %!  "MaxParamsExceeded", "2", @() GaugeKit.Tracer.enable(1, 2, 3)
 %!  "MinParamsNotReached", "1", @() GaugeKit.Tracer.enable()
