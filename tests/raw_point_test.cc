@@ -30,14 +30,6 @@ TEST(RawPoint, SameSiteIgnoresFlagsButNotKindOrTarget) {
   EXPECT_FALSE(cw->isSameSite(cw2));
 }
 
-TEST(RawPoint, CellWriters) {
-  TGCWGENDataPoint p;
-  EXPECT_EQ(p.writeStartEndCell(), "                <td>End</td>\n");
-  EXPECT_EQ(p.writeModelCell(), "                <td>&nbsp;</td>\n");
-  EXPECT_EQ(p.writeTypeCell(), "                <td>Cogwheel</td>\n");
-  EXPECT_EQ(p.writeRowOpen(true), "            <tr style=\"background:#FF1A00\">\n");
-}
-
 TEST(RawPoint, NamesInCellsAreTextNotMarkup) {
   TGCWGENDataPoint p;
   p.phaseId = tgGetId(tg::kPhaseKind, "a<b>&\"c\"");
