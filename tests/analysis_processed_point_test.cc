@@ -97,16 +97,14 @@ TEST(ProcessedPoint, CellRowsHaveTheirWidthAndOrder) {
   EXPECT_EQ(row->cell(0)->classID(), oxINT32_CLASS);
   EXPECT_EQ(oxArrayToStdString(row->cell(1)), "Grp");
   EXPECT_EQ(oxArrayToStdString(row->cell(2)), "a/phase");
-  EXPECT_DOUBLE_EQ(oxGetScalar(row->cell(5)), 1.5);  // wcElapsedTime
-  EXPECT_DOUBLE_EQ(oxGetScalar(row->cell(8)), 3.0);  // free
-  EXPECT_DOUBLE_EQ(oxGetScalar(row->cell(13)), -1.0);  // free delta
-  EXPECT_DOUBLE_EQ(oxGetScalar(row->cell(18)), 12.0);  // usage
+  // wcElapsedTime, free, free delta, usage; row number, children, depth.
+  for (const auto& [column, value] : {std::pair{5, 1.5}, {8, 3.0}, {13, -1.0}, {18, 12.0}})
+    EXPECT_DOUBLE_EQ(oxGetScalar(row->cell(column)), value) << column;
+  for (const auto& [column, value] : {std::pair{27, 3}, {28, 1}, {29, 1}})
+    EXPECT_EQ(row->cell(column)->int32s()[0], value) << column;
   EXPECT_TRUE(oxIsLogicalScalarTrue(row->cell(24)));   // errorRow
   EXPECT_FALSE(oxIsLogicalScalarTrue(row->cell(25)));  // gapRow
   EXPECT_EQ(oxArrayToStdString(row->cell(26)), "1.2");
-  EXPECT_EQ(row->cell(27)->int32s()[0], 3);
-  EXPECT_EQ(row->cell(28)->int32s()[0], 1);
-  EXPECT_EQ(row->cell(29)->int32s()[0], 1);
   ASSERT_TRUE(oxIsCell(row->cell(30)));
   EXPECT_EQ(oxGetNumberOfElements(row->cell(30)), 2u);
   EXPECT_EQ(row->cell(30)->cell(1)->int32s()[0], 5);
