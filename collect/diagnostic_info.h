@@ -1,9 +1,4 @@
-// What a raw point's diagnostic row needs to know about the phase execution it
-// belongs to. Processed points implement it (they lead the diagnostic record).
+// Part of the public interface: declared in include/tempogauge/collect/diagnostic_info.h.
 #pragma once
 
-class TGDiagnosticInfo {
- public:
-  virtual ~TGDiagnosticInfo() = default;
-  virtual bool isErrorRow() const = 0;
-};
+#include "tempogauge/collect/diagnostic_info.h"

@@ -7,4 +7,9 @@
 #include <cstdint>
 #include <string>
 
-using NameTable = boost::bimap<boost::bimaps::set_of<std::string>, boost::bimaps::set_of<std::int32_t>>;
+// A class rather than an alias, so that the store's public declaration can
+// name it without Boost.
+class NameTable : public boost::bimap<boost::bimaps::set_of<std::string>, boost::bimaps::set_of<std::int32_t>> {
+ public:
+  using bimap::bimap;
+};

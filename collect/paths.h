@@ -1,11 +1,4 @@
-// Path and phase-name helpers.
+// Part of the public interface: declared in include/tempogauge/collect/paths.h.
 #pragma once
 
-#include <string>
-#include <string_view>
-
-std::string tgNormalizePath(std::string_view path);
-std::string tgStripHostRoot(std::string_view path);
-std::string cleanPhaseName(std::string_view phaseName, bool stripCustomization);
-void hostRootPathSet(std::string_view path);
-const std::string& hostRootPath();
+#include "tempogauge/collect/paths.h"

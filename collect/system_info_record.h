@@ -1,15 +1,4 @@
-// The system information record: what machine and host a trace came from.
+// Part of the public interface: declared in include/tempogauge/collect/system_info_record.h.
 #pragma once
 
-#include <string>
-
-struct TempoGaugingSystemInfo {
-  std::string processorStr;
-  std::string cpuSpeedStr;
-  std::string numCoresStr;
-  std::string totalPhysMemStr;
-  std::string operatingSystemStr;
-  std::string ORRERYVersionStr;
-  std::string javaVMVersionStr;
-  std::string installedProductsStr;
-};
+#include "tempogauge/collect/system_info_record.h"

@@ -1,20 +1,4 @@
-// The message catalogue: the text a user reads for each message ID, with the
-// record's arguments filled in.
+// Part of the public interface: declared in include/tempogauge/scripting/messages.h.
 #pragma once
 
-#include <string>
-#include <string_view>
-
-#include "scripting/message_record.h"
-
-namespace tempogauge {
-
-// The text of a record. An unknown ID, or a record with fewer arguments than
-// its ID takes, still gives a readable sentence that names the ID.
-std::string messageText(const MessageRecord& record);
-
-// The catalogue's pattern of an ID's name, with {0}, {1}, ... where the
-// arguments go; empty for an unknown name.
-std::string_view messagePattern(std::string_view name);
-
-}  // namespace tempogauge
+#include "tempogauge/scripting/messages.h"

@@ -1,6 +1,8 @@
 // Pairing: numbering, gaps, totals, mismatches and selection.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "analysis/pairing_gap.h"
 #include "analysis_trace_builder.h"
 #include "tempogauge/tempogauge.h"

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "analysis/aggregate_table.h"
-#include "analysis/call_tree.h"
-#include "analysis/pairing.h"
-#include "analysis/processed_data_struct.h"
-#include "analysis/processed_point.h"
+#include "tempogauge/analysis/aggregate_table.h"
+#include "tempogauge/analysis/call_tree.h"
+#include "tempogauge/analysis/processed_data_struct.h"
+#include "tempogauge/analysis/processed_point.h"
+#include "tempogauge/collect/raw_point.h"
 
 // Pairs the points of the named groupings (or of the named models). A null
 // `raw` pairs a deep copy of the tracer's own points; a given vector keeps the

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "collect/module_entry.h"
-#include "collect/raw_point.h"
-#include "collect/tempo_gauge.h"
+#include "tempogauge/collect/module_entry.h"
+#include "tempogauge/collect/raw_point.h"
+#include "tempogauge/collect/tempo_gauge.h"
 
 // Logging. Each returns true when a point was stored.
 bool tgLogORRERYData(const std::string& grouping, const std::string& phase, bool start);

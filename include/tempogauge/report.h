@@ -12,8 +12,8 @@
 
 #include <string_view>
 
-#include "collect/raw_point.h"
-#include "collect/system_info_record.h"
+#include "tempogauge/collect/raw_point.h"
+#include "tempogauge/collect/system_info_record.h"
 
 class TempoGauge;
 

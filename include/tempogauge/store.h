@@ -3,11 +3,11 @@
 // interface that these raise.
 #pragma once
 
-#include "host/data_file.h"
-#include "host/host_bridge.h"
-#include "host/ox_array.h"
-#include "scripting/errors.h"
-#include "store/raw_points_array.h"
-#include "store/system_info_array.h"
-#include "store/system_info_collection.h"
-#include "store/trace_file.h"
+#include "tempogauge/host/data_file.h"
+#include "tempogauge/host/host_bridge.h"
+#include "tempogauge/host/ox_array.h"
+#include "tempogauge/scripting/errors.h"
+#include "tempogauge/store/raw_points_array.h"
+#include "tempogauge/store/system_info_array.h"
+#include "tempogauge/store/system_info_collection.h"
+#include "tempogauge/store/trace_file.h"

@@ -1,8 +1,8 @@
 // tempogauge: a tracer of time and memory. The public API for C++ callers.
 #pragma once
 
-#include "collect/number_text.h"
-#include "collect/paths.h"
+#include "tempogauge/collect/number_text.h"
+#include "tempogauge/collect/paths.h"
 #include "tempogauge/collect.h"
 #include "tempogauge/analysis.h"
 #include "tempogauge/report.h"
