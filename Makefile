@@ -19,6 +19,7 @@ test: build
 	cd $(BUILD) && ctest --output-on-failure -j$(JOBS)
 	@if [ -x tests/octave/run ]; then tests/octave/run $(BUILD); fi
 	@if [ -x tests/browser/run ]; then tests/browser/run $(BUILD); fi
+	tests/install/run $(BUILD)
 
 bench: build
 	@for b in $(BUILD)/bench/*_bench; do \
