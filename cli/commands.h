@@ -1,16 +1,17 @@
-// The subcommands of the tempogauge command. Each returns the exit status;
-// failures of the tracer travel out as exceptions for main to report.
+// The subcommands of the tempogauge command. Each adds itself to the
+// command's parser; its callback does the work once the command line has
+// been read. Failures of the tracer travel out as exceptions (message IDs)
+// for main to report, other failures as CommandError.
 #pragma once
 
-#include <string>
-#include <vector>
+#include <CLI/CLI.hpp>
 
 namespace tg::cli {
 
-int runReport(const std::vector<std::string>& args);
-int runDiff(const std::vector<std::string>& args);
-int runDiagnose(const std::vector<std::string>& args);
-int runSummary(const std::vector<std::string>& args);
-int runDemo(const std::vector<std::string>& args);
+void addReportCommand(CLI::App& app);
+void addDiffCommand(CLI::App& app);
+void addDiagnoseCommand(CLI::App& app);
+void addSummaryCommand(CLI::App& app);
+void addDemoCommand(CLI::App& app);
 
 }  // namespace tg::cli

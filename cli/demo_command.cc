@@ -1,18 +1,19 @@
 // The demo subcommand: runs the instrumented workload in two variants, saves
-// both traces, and writes every report kind for each metric that has data,
-// plus a diagnostic report.
+// both traces, writes every report kind for each metric that has data and a
+// diagnostic report, and says which report to open first.
 #include <filesystem>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "cli/command_line.h"
+#include "cli/command_options.h"
 #include "cli/commands.h"
+#include "cli/demo_guide.h"
 #include "cli/demo_workload.h"
 #include "cli/progress.h"
 #include "cli/tracer_call.h"
-#include "collect/tempo_gauge.h"
+#include "tempogauge/tempogauge.h"
 
 namespace tg::cli {
 namespace {
@@ -44,18 +45,14 @@ bool hasDetailedMemory() {
 
 std::string shown(const fs::path& path) { return fs::absolute(path).lexically_normal().string(); }
 
-}  // namespace
-
-int runDemo(const std::vector<std::string>& args) {
-  const CommandLine line = parseCommandLine("demo", args, {{"out"}, {}, 0});
-  const fs::path outDir = line.value("out").value_or("tempogauge-demo");
+void runDemo(const fs::path& outDir) {
   fs::create_directories(outDir);
   const fs::path baseline = outDir / "baseline.orf";
   const fs::path changed = outDir / "changed.orf";
 
-  // Per run: its start, its six stages and its save; then up to 3 metrics
-  // times 4 report kinds, and the diagnostic report.
-  Progress progress(2 * 8 + 3 * 4 + 1);
+  // Per run: its stages and its save; then up to 3 metrics times 4 report
+  // kinds, and the diagnostic report.
+  Progress progress(demoStageCount(DemoVariant::Baseline) + demoStageCount(DemoVariant::Changed) + 2 + 3 * 4 + 1);
   const std::string grouping(kDemoGrouping);
   callTracer("enable", std::move(MethodArgs().text(grouping).flag(true)));
   callTracer("enableDetailedMemStats", std::move(MethodArgs().flag(true)));
@@ -66,13 +63,14 @@ int runDemo(const std::vector<std::string>& args) {
     const fs::path* file;
     const char* label;
   } runs[] = {{DemoVariant::Baseline, &baseline, "baseline"}, {DemoVariant::Changed, &changed, "changed"}};
+  RunFigures figures[2];
   for (const auto& run : runs) {
     callTracer("clearRawData", MethodArgs());
-    progress.step(std::string("running the ") + run.label + " workload");
     runDemoWorkload(run.variant, [&](std::string_view stage) {
       progress.step(std::string("running the ") + run.label + " workload: " + std::string(stage));
     });
     if (run.variant == DemoVariant::Baseline && hasDetailedMemory()) metrics.push_back("detailedmemory");
+    figures[&run - runs] = collectRunFigures(grouping);
     progress.step("saving " + shown(*run.file));
     callTracer("saveToFile", std::move(MethodArgs().text(run.file->string())));
   }
@@ -107,7 +105,17 @@ int runDemo(const std::vector<std::string>& args) {
   for (const std::string& metric : metrics) std::cout << " " << metric;
   std::cout << ")\n";
   for (const fs::path& path : written) std::cout << "  " << shown(path) << "\n";
-  return 0;
+  printDemoGuide(std::cout, outDir, figures[0], figures[1]);
+}
+
+}  // namespace
+
+void addDemoCommand(CLI::App& app) {
+  auto out = std::make_shared<std::string>("tempogauge-demo");
+  CLI::App* command = app.add_subcommand(
+      "demo", "Run a built-in workload twice (a baseline and a changed variant) and write every report kind");
+  command->add_option("--out", *out, "the folder to write into")->type_name("DIR")->capture_default_str();
+  command->callback([out] { runDemo(*out); });
 }
 
 }  // namespace tg::cli

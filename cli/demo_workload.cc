@@ -1,22 +1,52 @@
 // The instrumented demonstration workload.
+//
+// Each leaf phase repeats a small unit of real work (a few milliseconds)
+// until its time in the variant's plan has passed. So a leaf lasts as long on
+// a fast machine as on a slow one, every leaf lasts well over the reports'
+// resolution, and the two runs differ by what the plans say rather than by
+// the machine's speed or load.
 #include "cli/demo_workload.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <numeric>
 #include <random>
 #include <sstream>
 #include <string>
 #include <unordered_map>
 #include <vector>
 
+#include "host/clock.h"
 #include "tempogauge/collect.h"
 
 namespace tg::cli {
 namespace {
 
 const std::string kGrouping(kDemoGrouping);
+
+// What one variant does: seconds of work per leaf (0: the phase is not run),
+// the iterations of the time-step loop, and the memory the index holds.
+struct Plan {
+  int timeSteps;
+  double configure, assemble, factorize, solve;
+  double generate, sort, index, validate, compress, render, release;
+  double modelBlock;
+  std::size_t indexMiB;
+};
+
+constexpr Plan kBaseline{3, 0.055, 0.055, 0.10, 0.055, 0.08, 0.20, 0.08, 0.08, 0.0, 0.055, 0.055, 0.055, 4};
+// factorize 2.2 times as long, sort 0.4 times, validate gone, compress new,
+// the index 16 times the memory, one more time step.
+constexpr Plan kChanged{4, 0.055, 0.055, 0.22, 0.055, 0.08, 0.08, 0.08, 0.0, 0.10, 0.055, 0.055, 0.055, 64};
+
+const Plan& planOf(DemoVariant variant) { return variant == DemoVariant::Changed ? kChanged : kBaseline; }
+
+constexpr int kSolverStages = 2;
+constexpr std::size_t kRecords = 20000;
+constexpr std::size_t kSlice = 2000;  // records sorted by one unit of work
+static_assert(kRecords % kSlice == 0);
+constexpr int kModelSteps = 2;
+const char* const kModelBlocks[] = {"update integrator", "update gain", "update filter", "update output"};
 
 // Logs the start of a phase at construction and its end at destruction.
 class Phase {
@@ -48,6 +78,25 @@ class ModelPhase {
 // Keeps results alive so that the compiler cannot drop the work.
 volatile double sink = 0.0;
 
+// Repeats `unit` until `seconds` have passed since the call.
+template <class Unit>
+void workFor(double seconds, Unit&& unit) {
+  const double end = huRealtime() + seconds;
+  do unit();
+  while (huRealtime() < end);
+}
+
+// A leaf phase of the plan: skipped when its time is 0.
+template <class Unit>
+void leaf(const char* name, double seconds, Unit&& unit) {
+  if (seconds <= 0.0) return;
+  Phase p(name);
+  workFor(seconds, unit);
+}
+
+// ---- units of work --------------------------------------------------------------
+
+constexpr std::size_t kMatrixSize = 120;
 using Matrix = std::vector<double>;  // n by n, row-major
 
 Matrix assemble(std::size_t n, std::mt19937_64& rng) {
@@ -83,53 +132,9 @@ std::vector<double> solve(const Matrix& lu, std::size_t n, std::vector<double> b
   return b;
 }
 
-double residual(const Matrix& a, std::size_t n, const std::vector<double>& x, const std::vector<double>& b) {
-  double worst = 0.0;
-  for (std::size_t i = 0; i < n; ++i) {
-    double sum = 0.0;
-    for (std::size_t j = 0; j < n; ++j) sum += a[i * n + j] * x[j];
-    worst = std::max(worst, std::abs(sum - b[i]));
-  }
-  return worst;
-}
-
-void solverStage(int stage, DemoVariant variant, std::mt19937_64& rng) {
-  const std::string prefix = "stage " + std::to_string(stage) + "/";
-  // The changed variant solves a larger system in stage 3.
-  const std::size_t n = (variant == DemoVariant::Changed && stage == 3) ? 380 : 260;
-  Phase whole("solver stage " + std::to_string(stage));
-  Matrix a, lu;
-  {
-    Phase p(prefix + "assemble matrix");
-    a = assemble(n, rng);
-  }
-  {
-    Phase p(prefix + "factorize");
-    lu = a;
-    factorize(lu, n);
-  }
-  std::vector<double> b(n, 1.0), x;
-  {
-    Phase p(prefix + "solve");
-    x = solve(lu, n, b);
-  }
-  if (variant == DemoVariant::Changed && stage == 5) {
-    Phase p(prefix + "refine solution");
-    for (int round = 0; round < 3; ++round) {
-      std::vector<double> r(n);
-      for (std::size_t i = 0; i < n; ++i) {
-        double sum = 0.0;
-        for (std::size_t j = 0; j < n; ++j) sum += a[i * n + j] * x[j];
-        r[i] = b[i] - sum;
-      }
-      const std::vector<double> dx = solve(lu, n, r);
-      for (std::size_t i = 0; i < n; ++i) x[i] += dx[i];
-    }
-  }
-  {
-    Phase p(prefix + "check residual");
-    sink = sink + residual(a, n, x, b);
-  }
+std::uint64_t hashText(const std::string& text, std::uint64_t h = 1469598103934665603ULL) {
+  for (const char c : text) h = (h ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
+  return h;
 }
 
 std::vector<std::string> makeRecords(std::size_t count, std::mt19937_64& rng) {
@@ -139,104 +144,116 @@ std::vector<std::string> makeRecords(std::size_t count, std::mt19937_64& rng) {
   return records;
 }
 
-void dataStages(DemoVariant variant, std::mt19937_64& rng) {
-  std::vector<std::string> records;
-  {
-    Phase p("generate records");
-    records = makeRecords(200000, rng);
-  }
-  {
-    Phase p("sort records");
-    if (variant == DemoVariant::Changed)
-      std::stable_sort(records.begin(), records.end(), [](const std::string& l, const std::string& r) {
-        return std::lexicographical_compare(l.rbegin(), l.rend(), r.rbegin(), r.rend());
-      });
-    else
-      std::sort(records.begin(), records.end());
-  }
-  std::unordered_map<std::string, std::size_t> index;
-  {
-    Phase p("build index");
-    if (variant == DemoVariant::Baseline) index.reserve(records.size());
-    for (std::size_t i = 0; i < records.size(); ++i) index.emplace(records[i], i);
-  }
-  std::vector<std::uint64_t> cache;
-  {
-    Phase p("hash records");
-    // The changed variant keeps a large cache of hashes alive.
-    cache.resize(variant == DemoVariant::Changed ? 4'000'000 : 200'000);
-    std::uint64_t h = 1469598103934665603ULL;
-    for (std::size_t i = 0; i < cache.size(); ++i) {
-      const std::string& r = records[i % records.size()];
-      for (const char c : r) h = (h ^ static_cast<unsigned char>(c)) * 1099511628211ULL;
-      cache[i] = h;
-    }
-    sink = sink + static_cast<double>(cache.back() % 1000);
-  }
-  {
-    Phase p("sieve primes");
-    std::vector<bool> composite(12'000'000, false);
-    std::size_t count = 0;
-    for (std::size_t i = 2; i < composite.size(); ++i) {
-      if (composite[i]) continue;
-      ++count;
-      for (std::size_t j = i * i; j < composite.size(); j += i) composite[j] = true;
-    }
-    sink = sink + static_cast<double>(count);
-  }
-  {
-    Phase p("render summary");
-    std::ostringstream text;
-    for (std::size_t i = 0; i < records.size(); i += 7) text << records[i] << ':' << index[records[i]] << '\n';
-    sink = sink + static_cast<double>(text.str().size());
-  }
-  {
-    // Freeing large containers takes time of its own.
-    Phase p("release data");
-    std::unordered_map<std::string, std::size_t>().swap(index);
-    std::vector<std::uint64_t>().swap(cache);
-    std::vector<std::string>().swap(records);
-  }
+// ---- stages -----------------------------------------------------------------------
+
+void configure(const Plan& plan) {
+  leaf("load configuration", plan.configure, [] {
+    std::ostringstream config;
+    for (int i = 0; i < 2000; ++i) config << "option" << i << " = " << (i * 37 % 101) << "\n";
+    std::istringstream in(config.str());
+    std::unordered_map<std::string, int> options;
+    for (std::string key, eq; in >> key >> eq;) in >> options[key];
+    sink = sink + static_cast<double>(options.size());
+  });
 }
 
-void modelStages(std::mt19937_64& rng) {
-  const char* blocks[] = {"update integrator", "update gain", "update filter", "update output"};
-  for (int step = 0; step < 3; ++step) {
-    for (const char* block : blocks) {
+void solverStage(int stage, const Plan& plan, std::mt19937_64& rng) {
+  Phase whole("solver stage " + std::to_string(stage));
+  const std::size_t n = kMatrixSize;
+  Matrix a, lu;
+  leaf("assemble matrix", plan.assemble, [&] { a = assemble(n, rng); });
+  leaf("factorize", plan.factorize, [&] {
+    lu = a;
+    factorize(lu, n);
+  });
+  leaf("solve", plan.solve, [&] {
+    const std::vector<double> x = solve(lu, n, std::vector<double>(n, 1.0));
+    sink = sink + x[0];
+  });
+}
+
+void dataStages(const Plan& plan, std::mt19937_64& rng) {
+  Phase whole("data stages");
+  std::vector<std::string> records;
+  leaf("generate records", plan.generate, [&] { records = makeRecords(kRecords, rng); });
+  std::size_t slice = 0;
+  leaf("sort records", plan.sort, [&] {
+    // One slice of the records at a time.
+    const auto from = records.begin() + static_cast<long>(slice++ * kSlice % records.size());
+    std::vector<std::string> sorted(from, from + kSlice);
+    std::sort(sorted.begin(), sorted.end());
+    sink = sink + static_cast<double>(sorted.front().size());
+  });
+  // The index is kept, filled page by page, until the data are released.
+  std::vector<std::uint64_t> index;
+  leaf("build index", plan.index, [&] {
+    if (index.empty()) {
+      const std::size_t entries = plan.indexMiB * (std::size_t{1} << 20) / sizeof(std::uint64_t);
+      index.assign(entries, hashText(records.front()));
+    }
+    sink = sink + static_cast<double>(index[rng() % index.size()] % 7);
+  });
+  leaf("validate records", plan.validate, [&] {
+    std::size_t valid = 0;
+    for (const std::string& r : records) valid += r.rfind("record-", 0) == 0;
+    sink = sink + static_cast<double>(valid);
+  });
+  leaf("compress records", plan.compress, [&] {
+    // Each record as the length it shares with the one before and the rest.
+    std::string packed;
+    const std::string* previous = nullptr;
+    for (const std::string& r : records) {
+      std::size_t shared = 0;
+      while (previous && shared < r.size() && shared < previous->size() && r[shared] == (*previous)[shared]) ++shared;
+      packed += static_cast<char>(shared);
+      packed.append(r, shared);
+      previous = &r;
+    }
+    sink = sink + static_cast<double>(packed.size());
+  });
+  leaf("render summary", plan.render, [&] {
+    std::ostringstream text;
+    for (std::size_t i = 0; i < records.size(); i += 7) text << records[i] << ':' << hashText(records[i]) << '\n';
+    sink = sink + static_cast<double>(text.str().size());
+  });
+  leaf("release data", plan.release, [&] {
+    std::vector<std::uint64_t>().swap(index);
+    std::vector<std::string>().swap(records);
+  });
+}
+
+void modelStages(const Plan& plan, std::mt19937_64& rng) {
+  for (int step = 0; step < kModelSteps; ++step) {
+    for (const char* block : kModelBlocks) {
       ModelPhase p("engine_model", "sim_target", block);
-      std::vector<double> signal(400000);
-      std::generate(signal.begin(), signal.end(), [&] { return static_cast<double>(rng() % 1000) / 1000.0; });
-      double state = 0.0;
-      for (const double v : signal) state = 0.99 * state + 0.01 * std::sin(v);
-      sink = sink + state;
+      workFor(plan.modelBlock, [&] {
+        double state = 0.0;
+        for (int i = 0; i < 20000; ++i) state = 0.99 * state + 0.01 * std::sin(static_cast<double>(rng() % 1000));
+        sink = sink + state;
+      });
     }
   }
 }
 
 }  // namespace
 
+int demoStageCount(DemoVariant variant) { return 3 + planOf(variant).timeSteps; }
+
 void runDemoWorkload(DemoVariant variant, const std::function<void(std::string_view)>& onStage) {
+  const Plan& plan = planOf(variant);
   std::mt19937_64 rng(20261121);
   Phase run("demo run");
-  {
-    onStage("load configuration");
-    Phase p("load configuration");
-    std::ostringstream config;
-    for (int i = 0; i < 20000; ++i) config << "option" << i << " = " << (i * 37 % 101) << "\n";
-    std::istringstream in(config.str());
-    std::unordered_map<std::string, int> options;
-    for (std::string key, eq; in >> key >> eq;) in >> options[key];
-    sink = sink + options.size();
-  }
-  for (int timeStep = 1; timeStep <= 3; ++timeStep) {
+  onStage("load configuration");
+  configure(plan);
+  for (int timeStep = 1; timeStep <= plan.timeSteps; ++timeStep) {
     onStage("time step " + std::to_string(timeStep));
     Phase p("time step");
-    for (int stage = 1; stage <= 6; ++stage) solverStage(stage, variant, rng);
+    for (int stage = 1; stage <= kSolverStages; ++stage) solverStage(stage, plan, rng);
   }
   onStage("data stages");
-  dataStages(variant, rng);
+  dataStages(plan, rng);
   onStage("model blocks");
-  modelStages(rng);
+  modelStages(plan, rng);
 }
 
 }  // namespace tg::cli

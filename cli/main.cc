@@ -1,54 +1,71 @@
 // The tempogauge command: reports, comparisons and summaries of saved traces,
-// and a built-in demonstration, over the same methods that scripts call.
+// and a built-in demonstration, over the same tracer that scripts call.
 #include <iostream>
 #include <string>
-#include <vector>
 
-#include "cli/command_line.h"
+#include <CLI/CLI.hpp>
+
+#include "cli/command_options.h"
 #include "cli/commands.h"
-#include "scripting/errors.h"
+#include "host/level5_check.h"
 #include "scripting/objsys.h"
-#include "tempogauge/collect.h"
+#include "tempogauge/tempogauge.h"
 
 namespace {
 
-constexpr const char* kUsage =
-    "usage: tempogauge COMMAND ...\n"
-    "  report TRACE.orf [-o FILE] [--metric M] [--grouping G] [--aggregate]\n"
-    "  diff LHS.orf RHS.orf [-o FILE] [--metric M] [--grouping G] [--aggregate]\n"
-    "       [--lhs-label L] [--rhs-label R]\n"
-    "  diagnose TRACE.orf [-o FILE] [--grouping G]\n"
-    "  summary TRACE.orf [--grouping G]\n"
-    "  demo [--out DIR]\n"
-    "Metrics: time, basicmemory, detailedmemory.\n";
+namespace TG = tempogauge::TempoGauge;
 
-int dispatch(const std::string& command, const std::vector<std::string>& args) {
-  if (command == "report") return tg::cli::runReport(args);
-  if (command == "diff") return tg::cli::runDiff(args);
-  if (command == "diagnose") return tg::cli::runDiagnose(args);
-  if (command == "summary") return tg::cli::runSummary(args);
-  if (command == "demo") return tg::cli::runDemo(args);
-  throw tg::cli::UsageError("unknown command '" + command + "'");
+// The message of a failure that carries a message ID. A trace that could not
+// be opened also says why.
+std::string describeFailure(const hfnd::except::IMsgIDException& e) {
+  std::string text = e.get_error_id() + ": " + e.messageText();
+  const auto& record = e.record();
+  if (record.name == TG::OpenFileFailed::name && !record.arguments.empty()) {
+    std::vector<tg::level5::Variable> variables;
+    bool swapped = false;
+    tg::level5::FileProblem problem = tg::level5::FileProblem::None;
+    if (!tg::level5::readFile(record.arguments[0], variables, swapped, &problem)) {
+      if (text.ends_with('.')) text.pop_back();
+      text += std::string(": ") + tg::level5::describe(problem) + ".";
+    }
+  }
+  return text;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> all(argv + 1, argv + argc);
-  if (all.empty() || all[0] == "-h" || all[0] == "--help" || all[0] == "help") {
-    std::cout << kUsage;
-    return all.empty() ? 2 : 0;
+  CLI::App app("Reports, comparisons and summaries of saved tempogauge traces.", "tempogauge");
+  app.set_version_flag("--version", std::string("tempogauge ") + tempogauge_version);
+  app.require_subcommand(1);
+  app.footer("Run 'tempogauge COMMAND --help' for the options of a command.\n"
+             "Metrics: time, basicmemory, detailedmemory.");
+  tg::cli::addReportCommand(app);
+  tg::cli::addDiffCommand(app);
+  tg::cli::addDiagnoseCommand(app);
+  tg::cli::addSummaryCommand(app);
+  tg::cli::addDemoCommand(app);
+
+  // The parser would only say that a command is required.
+  if (argc > 1 && argv[1][0] != '-' &&
+      app.get_subcommands([&](CLI::App* command) { return command->get_name() == argv[1]; }).empty()) {
+    std::cerr << "tempogauge: unknown command '" << argv[1] << "'\nRun 'tempogauge --help' for usage.\n";
+    return 2;
   }
+
   ORInitialize_tempogauge();
   try {
-    return dispatch(all[0], std::vector<std::string>(all.begin() + 1, all.end()));
+    app.parse(argc, argv);  // runs the chosen command's callback
+    return 0;
+  } catch (const CLI::ParseError& e) {
+    if (e.get_exit_code() == 0) return app.exit(e);  // --help, --version
+    std::cerr << "tempogauge: " << e.what() << "\n"
+              << "Run 'tempogauge --help' for usage.\n";
+    return 2;
   } catch (const hfnd::except::IMsgIDException& e) {
-    std::cerr << "tempogauge: " << e.get_error_id() << ": " << e.messageText() << "\n";
+    std::cerr << "tempogauge: " << describeFailure(e) << "\n";
   } catch (const objsys::CallError& e) {
     std::cerr << "tempogauge: " << e.id() << ": " << e.what() << "\n";
-  } catch (const tg::cli::UsageError& e) {
-    std::cerr << "tempogauge: " << e.what() << "\n" << kUsage;
-    return 2;
   } catch (const std::exception& e) {
     std::cerr << "tempogauge: " << e.what() << "\n";
   }

@@ -1,76 +1,130 @@
-// The subcommands that turn saved traces into reports: report, diff and
-// diagnose, each a call of the matching GaugeKit.Tracer method.
-#include <filesystem>
-#include <iostream>
+// The subcommands that turn saved traces into reports. report and diagnose
+// call the GaugeKit.Tracer methods, as scripts do; diff reads both traces and
+// drives the comparison's writer itself, so that all of its options can be
+// given at once (the methods take at most six name/value pairs).
+#include <memory>
+#include <string>
 
-#include "cli/command_line.h"
+#include "cli/command_options.h"
 #include "cli/commands.h"
 #include "cli/tracer_call.h"
+#include "tempogauge/tempogauge.h"
 
 namespace tg::cli {
 namespace {
 
-std::string stemOf(const std::string& file) { return std::filesystem::path(file).stem().string(); }
+namespace TG = tempogauge::TempoGauge;
 
-void printWritten(const std::string& file) {
-  std::cout << std::filesystem::absolute(file).lexically_normal().string() << "\n";
+struct ReportOptions {
+  std::string trace, out, metric, grouping;
+  bool aggregate = false;
+};
+
+struct DiffOptions {
+  std::string lhs, rhs, out, metric, grouping, lhsLabel, rhsLabel;
+  bool aggregate = false;
+};
+
+struct DiagnoseOptions {
+  std::string trace, out, grouping;
+};
+
+void runReport(const ReportOptions& o) {
+  const std::string out = o.out.empty() ? reportNameFor(o.trace, o.aggregate ? "-aggregate" : "") : o.out;
+  MethodArgs call;
+  call.option("htmlfile", out).option("orffile", o.trace).option("metric", o.metric).option("grouping", o.grouping);
+  callTracer(o.aggregate ? "generateAggregateReport" : "generateHTMLReport", std::move(call));
+  printWritten(out);
+}
+
+// One side of a comparison, read as the comparison methods read it.
+struct Side {
+  RawPointVector raw;
+  TempoGaugingSystemInfo info;
+};
+
+Side readSide(const std::string& file) {
+  Side side;
+  std::string root;  // unused: a comparison strips names with the host's own root
+  if (!loadTraceFile(file, side.raw, side.info, root)) tgRaise<TG::OpenFileFailed>(file);
+  if (side.raw.empty()) tgRaise<TG::NoRawTracerDataLoaded>(file);
+  return side;
+}
+
+bool pairsUp(RawPointVector raw, const std::string& grouping) {
+  return !tgGetProcessedDataForGroupings(&raw, groupingsFor(grouping)).hasErrors;
+}
+
+void runDiff(const DiffOptions& o) {
+  const std::string out =
+      o.out.empty() ? reportNameFor(o.lhs, "-vs-" + stemOf(o.rhs) + (o.aggregate ? "-aggregate" : "")) : o.out;
+  Side left = readSide(o.lhs);
+  Side right = readSide(o.rhs);
+  hostRootPathSet(getHostRoot());
+  const std::string lhsLabel = o.lhsLabel.empty() ? stemOf(o.lhs) : o.lhsLabel;
+  const std::string rhsLabel = o.rhsLabel.empty() ? stemOf(o.rhs) : o.rhsLabel;
+  const auto writer = o.aggregate ? &writeAggregateDifferenceReport : &writeDifferenceReport;
+  // The writer pairs copies; the sides stay as read for the checks below.
+  RawPointVector lhsRaw = left.raw, rhsRaw = right.raw;
+  if (writer(TempoGauge::instance(), out, o.grouping, lhsLabel, rhsLabel, &lhsRaw, &rhsRaw, &left.info, &right.info,
+             o.metric))
+    return printWritten(out);
+  // A comparison of a run whose phases don't pair up is not written.
+  for (const auto* side : {&o.lhs, &o.rhs}) {
+    if (!pairsUp(side == &o.lhs ? left.raw : right.raw, o.grouping))
+      throw CommandError("the starts and ends of the phases in " + *side +
+                         " do not pair up; run 'tempogauge diagnose " + *side + "' to see where");
+  }
+  tgRaise<TG::WriteFileFailed>(out);
+}
+
+void runDiagnose(const DiagnoseOptions& o) {
+  const std::string out = o.out.empty() ? reportNameFor(o.trace, "-diagnostic") : o.out;
+  MethodArgs call;
+  call.option("htmlfile", out).option("orffile", o.trace).option("grouping", o.grouping);
+  callTracer("diagnosticReport", std::move(call));
+  printWritten(out);
 }
 
 }  // namespace
 
-int runReport(const std::vector<std::string>& args) {
-  const CommandLine line =
-      parseCommandLine("report", args, {{"out-file", "metric", "grouping"}, {"aggregate"}, 1});
-  const bool aggregate = line.has("aggregate");
-  const std::string trace = line.positional[0];
-  const std::string out = line.value("out-file").value_or(stemOf(trace) + (aggregate ? "-aggregate" : "") + ".html");
-  MethodArgs call;
-  call.option("htmlfile", out).option("orffile", trace);
-  if (auto metric = line.value("metric")) call.option("metric", *metric);
-  if (auto grouping = line.value("grouping")) call.option("grouping", *grouping);
-  callTracer(aggregate ? "generateAggregateReport" : "generateHTMLReport", std::move(call));
-  printWritten(out);
-  return 0;
+void addReportCommand(CLI::App& app) {
+  auto o = std::make_shared<ReportOptions>();
+  CLI::App* command = app.add_subcommand("report", "Write the report of one saved run");
+  addTrace(*command, "TRACE", o->trace, "the saved trace (.orf)");
+  addOutFile(*command, o->out);
+  addMetric(*command, o->metric);
+  addGrouping(*command, o->grouping);
+  command->add_flag("--aggregate", o->aggregate, "only the table of phases, summed over their executions");
+  command->footer("Writes TRACE.html (TRACE-aggregate.html with --aggregate) unless -o is given.");
+  command->callback([o] { runReport(*o); });
 }
 
-int runDiff(const std::vector<std::string>& args) {
-  const CommandLine line = parseCommandLine(
-      "diff", args, {{"out-file", "metric", "grouping", "lhs-label", "rhs-label"}, {"aggregate"}, 2});
-  const bool aggregate = line.has("aggregate");
-  const std::string& lhs = line.positional[0];
-  const std::string& rhs = line.positional[1];
-  const std::string out = line.value("out-file").value_or(stemOf(lhs) + "-vs-" + stemOf(rhs) +
-                                                          (aggregate ? "-aggregate" : "") + ".html");
-  // The method takes at most six options; the ones left at their defaults
-  // are not passed, so that four of the optional ones fit beside the files.
-  MethodArgs call;
-  call.option("htmlfile", out).option("lhsfile", lhs).option("rhsfile", rhs);
-  int optional = 0;
-  for (const auto& [flag, name] : {std::pair{"grouping", "grouping"}, std::pair{"metric", "metric"},
-                                   std::pair{"lhs-label", "lhslabel"}, std::pair{"rhs-label", "rhslabel"}}) {
-    if (auto value = line.value(flag)) {
-      call.option(name, *value);
-      ++optional;
-    }
-  }
-  if (optional > 3)
-    throw UsageError("diff: --grouping, --metric, --lhs-label and --rhs-label cannot all be given at once "
-                     "(the comparison takes at most six options)");
-  callTracer(aggregate ? "generateAggregateDifferenceReport" : "generateDifferenceReport", std::move(call));
-  printWritten(out);
-  return 0;
+void addDiffCommand(CLI::App& app) {
+  auto o = std::make_shared<DiffOptions>();
+  CLI::App* command = app.add_subcommand("diff", "Compare two saved runs phase by phase");
+  addTrace(*command, "LHS", o->lhs, "the saved trace of the baseline run");
+  addTrace(*command, "RHS", o->rhs, "the saved trace of the run to compare with it");
+  addOutFile(*command, o->out);
+  addMetric(*command, o->metric);
+  addGrouping(*command, o->grouping);
+  command->add_flag("--aggregate", o->aggregate, "only the table of phases, summed over their executions");
+  command->add_option("--lhs-label", o->lhsLabel, "the baseline's name in the report (default: its file's name)")
+      ->type_name("L");
+  command->add_option("--rhs-label", o->rhsLabel, "the other run's name in the report (default: its file's name)")
+      ->type_name("R");
+  command->footer("Writes LHS-vs-RHS.html (LHS-vs-RHS-aggregate.html with --aggregate) unless -o is given.");
+  command->callback([o] { runDiff(*o); });
 }
 
-int runDiagnose(const std::vector<std::string>& args) {
-  const CommandLine line = parseCommandLine("diagnose", args, {{"out-file", "grouping"}, {}, 1});
-  const std::string& trace = line.positional[0];
-  const std::string out = line.value("out-file").value_or(stemOf(trace) + "-diagnostic.html");
-  MethodArgs call;
-  call.option("htmlfile", out).option("orffile", trace);
-  if (auto grouping = line.value("grouping")) call.option("grouping", *grouping);
-  callTracer("diagnosticReport", std::move(call));
-  printWritten(out);
-  return 0;
+void addDiagnoseCommand(CLI::App& app) {
+  auto o = std::make_shared<DiagnoseOptions>();
+  CLI::App* command = app.add_subcommand("diagnose", "Show where the starts and ends of a run's phases fail to pair");
+  addTrace(*command, "TRACE", o->trace, "the saved trace (.orf)");
+  addOutFile(*command, o->out);
+  addGrouping(*command, o->grouping);
+  command->footer("Writes TRACE-diagnostic.html unless -o is given.");
+  command->callback([o] { runDiagnose(*o); });
 }
 
 }  // namespace tg::cli

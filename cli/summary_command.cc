@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <memory>
 #include <vector>
 
-#include "cli/command_line.h"
+#include "cli/command_options.h"
 #include "cli/commands.h"
 #include "cli/text_table.h"
 #include "cli/tracer_call.h"
-#include "collect/constants.h"
-#include "collect/tempo_gauge.h"
-#include "tempogauge/analysis.h"
-#include "tempogauge/collect.h"
+#include "tempogauge/tempogauge.h"
 
 namespace tg::cli {
 namespace {
@@ -23,23 +21,12 @@ std::string fixed(double value, int decimals) {
   return buffer;
 }
 
-}  // namespace
-
-int runSummary(const std::vector<std::string>& args) {
-  const CommandLine line = parseCommandLine("summary", args, {{"grouping"}, {}, 1});
-  const std::string grouping = line.value("grouping").value_or(std::string(tg::kGlobalGrouping));
-  callTracer("loadTracerData", std::move(MethodArgs().text(line.positional[0])));
-
-  // A grouping read from a file has no members in this process's tree: it
-  // stands for itself, as "GLOBAL" does.
-  std::vector<std::string> groupings = tgGetGroupingList(grouping);
-  if (groupings.empty()) groupings.push_back(grouping);
-  const TGProcessedDataStruct data = tgGetProcessedDataForGroupings(nullptr, groupings);
-  if (data.hasErrors) {
-    std::cerr << "tempogauge: the starts and ends of the phases in " << line.positional[0]
-              << " do not pair up; run 'tempogauge diagnose " << line.positional[0] << "' to see where\n";
-    return 1;
-  }
+void runSummary(const std::string& trace, const std::string& grouping) {
+  callTracer("loadTracerData", std::move(MethodArgs().text(trace)));
+  const TGProcessedDataStruct data = tgGetProcessedDataForGroupings(nullptr, groupingsFor(grouping));
+  if (data.hasErrors)
+    throw CommandError("the starts and ends of the phases in " + trace +
+                       " do not pair up; run 'tempogauge diagnose " + trace + "' to see where");
   const AggregateTable table = buildAggregateTable(data.processedPoints);
   std::vector<const TGAggregateDataPoint*> rows;
   for (const auto& entry : table) rows.push_back(entry.second.get());
@@ -66,7 +53,20 @@ int runSummary(const std::vector<std::string>& args) {
   text.print(std::cout);
   std::cout << rows.size() << " phases; run wall time " << fixed(data.topWCTotal, 6) << " s, CPU time "
             << fixed(data.topCPUTotal, 6) << " s\n";
-  return 0;
+}
+
+}  // namespace
+
+void addSummaryCommand(CLI::App& app) {
+  struct Options {
+    std::string trace, grouping;
+  };
+  auto o = std::make_shared<Options>();
+  CLI::App* command =
+      app.add_subcommand("summary", "Print the table of phases of a saved run, the most expensive first");
+  addTrace(*command, "TRACE", o->trace, "the saved trace (.orf)");
+  addGrouping(*command, o->grouping);
+  command->callback([o] { runSummary(o->trace, o->grouping); });
 }
 
 }  // namespace tg::cli

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <cstdio>
 #include <filesystem>
 #include <limits>
@@ -38,8 +39,19 @@ bool checkNumeric(const Reader& r, std::uint64_t at, std::uint64_t end, std::uin
   return true;
 }
 
+// A top-level element may state a length up to this many bytes beyond its
+// data: less than one 8-byte unit, which covers Octave's overstatement of four.
+constexpr std::uint64_t kLengthSlack = 7;
+
+// Sets the length in the tag at the start of `element` to its real content.
+void restateLength(Bytes& element, bool swapped) {
+  std::uint32_t length = static_cast<std::uint32_t>(element.size() - 8);
+  if (swapped) length = __builtin_bswap32(length);
+  std::memcpy(element.data() + 4, &length, 4);
+}
+
 // Inflates a compressed element; false when the stream is damaged or does
-// not hold exactly one whole element.
+// not hold one whole element (give or take the slack of its stated length).
 bool inflateElement(const unsigned char* data, std::uint64_t size, bool swapped, Bytes& out) {
   if (size > std::numeric_limits<uInt>::max()) return false;
   z_stream z{};
@@ -69,7 +81,11 @@ bool inflateElement(const unsigned char* data, std::uint64_t size, bool swapped,
     filled += chunk - z.avail_out;
     if (status == Z_OK && z.avail_out != 0 && z.avail_in == 0) break;  // stream cut short
   }
-  return filled == length;
+  if (filled == length) return true;
+  if (status != Z_STREAM_END || length - filled > kLengthSlack) return false;
+  out.resize(filled);
+  restateLength(out, swapped);
+  return true;
 }
 
 // Checks one top-level element held in `element` (tag and content) and
@@ -123,27 +139,51 @@ bool checkArray(const Reader& r, std::uint64_t at, std::uint64_t end, int depth)
   }
 }
 
-bool readFile(const std::string& path, std::vector<Variable>& variables, bool& swapped) {
-  variables.clear();
+const char* describe(FileProblem problem) {
+  switch (problem) {
+    case FileProblem::None: return "readable";
+    case FileProblem::NoSuchFile: return "no such file";
+    case FileProblem::NotReadable: return "not readable (no permission, or not a regular file)";
+    case FileProblem::NotLevel5: return "not a level-5 data file";
+    case FileProblem::Damaged: return "damaged or cut short";
+  }
+  return "unknown problem";
+}
+
+namespace {
+
+FileProblem readVariables(const std::string& path, std::vector<Variable>& variables, bool& swapped) {
   std::error_code ec;
-  if (!std::filesystem::is_regular_file(path, ec)) return false;
-  const std::uintmax_t size = std::filesystem::file_size(path, ec);
-  if (ec || size < 128) return false;
+  const auto status = std::filesystem::status(path, ec);
+  if (status.type() == std::filesystem::file_type::not_found) return FileProblem::NoSuchFile;
+  if (ec || !std::filesystem::is_regular_file(status)) return FileProblem::NotReadable;
   std::FILE* f = std::fopen(path.c_str(), "rb");
-  if (!f) return false;
-  Bytes file(size);
+  if (!f) return FileProblem::NotReadable;
+  const std::uintmax_t size = std::filesystem::file_size(path, ec);
+  Bytes file(ec ? 0 : size);
   const std::size_t got = std::fread(file.data(), 1, file.size(), f);
+  const bool readError = std::ferror(f) != 0;
   std::fclose(f);
-  if (got != file.size()) return false;
-  if (!level5Header(file.data(), swapped)) return false;
+  if (ec || readError) return FileProblem::NotReadable;
+  if (got != file.size()) return FileProblem::Damaged;  // shrank while read
+  if (size < 128 || !level5Header(file.data(), swapped)) return FileProblem::NotLevel5;
   const Reader reader(file, swapped);
   std::uint64_t at = 128;
   while (file.size() - at >= 8) {
     Element e;
-    if (!reader.element(at, file.size(), e)) return false;
     Variable v;
-    if (e.type == miCOMPRESSED) {
-      if (!inflateElement(file.data() + e.dataAt, e.bytes, swapped, v.element)) return false;
+    if (!reader.element(at, file.size(), e)) {
+      // The last variable of an uncompressed file may state a length a few
+      // bytes beyond the end of the file.
+      const std::uint64_t stated = 8 + std::uint64_t{reader.word(at + 4)};
+      const std::uint64_t available = file.size() - at;
+      if (reader.word(at) != miMATRIX || stated <= available || stated - available > kLengthSlack)
+        return FileProblem::Damaged;
+      v.element.assign(file.begin() + static_cast<long>(at), file.end());
+      restateLength(v.element, swapped);
+      at = file.size();
+    } else if (e.type == miCOMPRESSED) {
+      if (!inflateElement(file.data() + e.dataAt, e.bytes, swapped, v.element)) return FileProblem::Damaged;
       at = e.dataAt + e.bytes;  // compressed elements are not padded
     } else {
       if (e.type == miMATRIX) v.element.assign(file.begin() + static_cast<long>(at),
@@ -151,10 +191,20 @@ bool readFile(const std::string& path, std::vector<Variable>& variables, bool& s
       at = e.next;
     }
     if (v.element.empty()) continue;  // other elements carry no variable
-    if (!checkVariable(v.element, swapped, v.name)) return false;
+    if (!checkVariable(v.element, swapped, v.name)) return FileProblem::Damaged;
     variables.push_back(std::move(v));
   }
-  return true;
+  return FileProblem::None;
+}
+
+}  // namespace
+
+bool readFile(const std::string& path, std::vector<Variable>& variables, bool& swapped, FileProblem* problem) {
+  variables.clear();
+  const FileProblem found = readVariables(path, variables, swapped);
+  if (problem) *problem = found;
+  if (found != FileProblem::None) variables.clear();
+  return found == FileProblem::None;
 }
 
 }  // namespace tg::level5

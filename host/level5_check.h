@@ -18,11 +18,22 @@ struct Variable {
   Bytes element;
 };
 
+// Why a file could not be read.
+enum class FileProblem { None, NoSuchFile, NotReadable, NotLevel5, Damaged };
+
+// A short description of the problem: "no such file", "damaged", ...
+const char* describe(FileProblem problem);
+
 // Reads `path`: true when it is a level-5 data file whose variables all lie
 // wholly inside the file, inflate cleanly, and are consistent (every array's
 // element count fits its data, every cell and field is a complete element,
-// arrays nest at most kMaxDepth deep).
-bool readFile(const std::string& path, std::vector<Variable>& variables, bool& swapped);
+// arrays nest at most kMaxDepth deep). Octave states the length of a
+// variable holding a 2-D char array of four characters or fewer four bytes
+// too long; as Octave's own reader does, a variable whose stated length runs
+// past the end of its data by less than one 8-byte unit is taken as the data
+// there is. On failure `problem` (when given) says why.
+bool readFile(const std::string& path, std::vector<Variable>& variables, bool& swapped,
+              FileProblem* problem = nullptr);
 
 // Checks the array whose miMATRIX content is [at, end).
 bool checkArray(const Reader& r, std::uint64_t at, std::uint64_t end, int depth);

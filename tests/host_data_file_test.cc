@@ -2,6 +2,7 @@
 // level-5 file layer, and files that are missing, empty, cut short or garbage.
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <filesystem>
 #include <functional>
 #include <fstream>
@@ -10,8 +11,11 @@
 #include <vector>
 
 #include <matio.h>
+#include <zlib.h>
 
 #include "host/data_file.h"
+#include "host/level5_check.h"
+#include "host/level5_encoder.h"
 #include "scratch_files.h"
 
 namespace fs = std::filesystem;
@@ -266,15 +270,64 @@ TEST_F(DataFile, HandlesRefuseTheWrongDirection) {
   EXPECT_NE(orfClose(none), 0);
 }
 
-TEST_F(DataFile, MissingEmptyAndUnwritableFilesDoNotOpen) {
-  EXPECT_FALSE(orfOpen(path("missing.orf"), "r"));
+// Each way a file can fail to open for reading says which it is.
+TEST_F(DataFile, FilesThatDoNotOpenSayWhy) {
+  using tg::level5::FileProblem;
   writeBytes(path("empty.orf"), {});
-  EXPECT_FALSE(orfOpen(path("empty.orf"), "r"));
+  writeBytes(path("text.orf"), std::vector<char>(300, 'a'));  // long enough for a header
+  auto cut = bytesOf(writeSample("cut.orf"));
+  cut.resize(cut.size() - 10);
+  writeBytes(path("cut.orf"), cut);
+  const struct {
+    std::string file;
+    FileProblem problem;
+  } cases[] = {{path("missing.orf"), FileProblem::NoSuchFile},  {scratch_.dir().string(), FileProblem::NotReadable},
+               {path("empty.orf"), FileProblem::NotLevel5},     {path("text.orf"), FileProblem::NotLevel5},
+               {path("cut.orf"), FileProblem::Damaged}};
+  for (const auto& c : cases) {
+    EXPECT_FALSE(orfOpen(c.file, "r")) << c.file;
+    std::vector<tg::level5::Variable> variables;
+    bool swapped = false;
+    FileProblem problem = FileProblem::None;
+    EXPECT_FALSE(tg::level5::readFile(c.file, variables, swapped, &problem));
+    EXPECT_EQ(problem, c.problem) << c.file << ": " << tg::level5::describe(problem);
+  }
   EXPECT_FALSE(orfOpen(path("no/such/folder/x.orf"), "w"));
-  EXPECT_FALSE(orfOpen(scratch_.dir().string(), "r"));  // a folder
-  // Text that is not a data file, even if long enough for a header.
-  writeBytes(path("text.orf"), std::vector<char>(300, 'a'));
-  EXPECT_FALSE(orfOpen(path("text.orf"), "r"));
+}
+
+// Octave states the length of a short 2-D char array 4 bytes too long. A
+// variable whose stated length runs past its data by less than one 8-byte
+// unit reads as the data there is, stored plain or compressed; more is damage.
+TEST_F(DataFile, OverstatedLengthOfTheLastVariableWithinOneUnitReads) {
+  namespace l5 = tg::level5;
+  const auto header = bytesOf(writeSample("header.orf"));
+  for (const bool compressed : {false, true}) {
+    for (const std::uint32_t over : {0u, 4u, 7u, 8u, 16u}) {
+      l5::Bytes element;
+      ASSERT_TRUE(l5::encodeArray(element, "x", oxCreateString("abcd").get()));
+      std::uint32_t length;
+      std::memcpy(&length, element.data() + 4, 4);
+      length += over;
+      std::memcpy(element.data() + 4, &length, 4);
+      std::vector<char> file(header.begin(), header.begin() + 128);
+      if (compressed) {
+        uLongf size = compressBound(element.size());
+        std::vector<unsigned char> packed(size);
+        ASSERT_EQ(compress(packed.data(), &size, element.data(), element.size()), Z_OK);
+        const std::uint32_t tag[2] = {l5::miCOMPRESSED, static_cast<std::uint32_t>(size)};
+        file.insert(file.end(), reinterpret_cast<const char*>(tag), reinterpret_cast<const char*>(tag) + 8);
+        file.insert(file.end(), packed.begin(), packed.begin() + static_cast<long>(size));
+      } else {
+        file.insert(file.end(), element.begin(), element.end());
+      }
+      writeBytes(path("over.orf"), file);
+      auto in = orfOpen(path("over.orf"), "r");
+      EXPECT_EQ(static_cast<bool>(in), over < 8) << "compressed " << compressed << ", " << over << " bytes over";
+      if (in) {
+        EXPECT_EQ(oxArrayToStdString(orfGetVariable(in.get(), "x").get()), "abcd");
+      }
+    }
+  }
 }
 
 TEST_F(DataFile, FieldlessStructsClaimingHugeCountsAreRefused) {

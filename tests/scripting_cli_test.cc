@@ -6,12 +6,15 @@
 #include <array>
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
 #include "collect_store_reset.h"
 #include "scratch_files.h"
 #include "scripting_call.h"
+#include "tempogauge/tempogauge.h"
 
 namespace {
 
@@ -63,26 +66,58 @@ class ScriptingCommand : public CollectStoreTest {
   const fs::path& dir_ = scratch_.dir();
 };
 
-TEST_F(ScriptingCommand, UsageAndFailuresGoToStandardErrorWithTheirStatus) {
-  EXPECT_EQ(run("").status, 2);
-  const CommandResult unknown = run("frobnicate");
-  EXPECT_EQ(unknown.status, 2);
-  EXPECT_NE(unknown.err.find("unknown command 'frobnicate'"), std::string::npos);
-  const CommandResult extra = run("report a.orf --colour red");
-  EXPECT_EQ(extra.status, 2);
-  EXPECT_NE(extra.err.find("unknown option --colour"), std::string::npos);
+// Help and version on standard output with status 0; a wrong command line on
+// standard error with status 2.
+TEST_F(ScriptingCommand, HelpVersionAndWrongCommandLines) {
+  const struct {
+    const char* args;
+    int status;
+    const char* said;  // in standard output for status 0, else in standard error
+  } cases[] = {
+      {"--help", 0, "diff"},          {"-h", 0, "summary"},
+      {"report --help", 0, "--aggregate"}, {"diff -h", 0, "--rhs-label"},
+      {"demo --help", 0, "--out"},     {"--version", 0, "tempogauge 1."},
+      {"", 2, "subcommand"},           {"frobnicate", 2, "frobnicate"},
+      {"report a.orf --colour red", 2, "--colour"}, {"report a.orf --metric space", 2, "space"},
+      {"diff a.orf", 2, "RHS"},       {"summary a.orf b.orf", 2, "b.orf"},
+  };
+  for (const auto& c : cases) {
+    const CommandResult result = run(c.args);
+    EXPECT_EQ(result.status, c.status) << c.args << "\n" << result.err;
+    const std::string& text = c.status == 0 ? result.out : result.err;
+    EXPECT_NE(text.find(c.said), std::string::npos) << c.args << ":\n" << text;
+    if (c.status == 0) {
+      EXPECT_TRUE(result.err.empty()) << c.args << ": " << result.err;
+    }
+  }
+}
 
-  const CommandResult missing = run("summary absent.orf");
-  EXPECT_EQ(missing.status, 1);
-  EXPECT_TRUE(missing.out.empty());
-  EXPECT_NE(missing.err.find("tempogauge:TempoGauge:OpenFileFailed: "), std::string::npos) << missing.err;
-  EXPECT_NE(missing.err.find("absent.orf"), std::string::npos);
-
-  const fs::path trace = saveTrace("run.orf", 2);
-  const CommandResult metric = run("report run.orf --metric space");
-  EXPECT_EQ(metric.status, 1);
-  EXPECT_NE(metric.err.find("tempogauge:TempoGauge:InvalidMetric"), std::string::npos) << metric.err;
-  EXPECT_FALSE(fs::exists(dir_ / "run.html"));
+// A trace that cannot be read keeps its message ID and says why, whether the
+// command goes through a method (summary, report) or reads it itself (diff).
+TEST_F(ScriptingCommand, UnreadableTracesSayWhy) {
+  const fs::path good = saveTrace("good.orf", 2);
+  fs::create_directory(dir_ / "folder.orf");
+  std::ofstream(dir_ / "text.orf") << std::string(300, 'a');
+  std::string cut = readFile(good);
+  cut.resize(cut.size() - 20);
+  std::ofstream(dir_ / "cut.orf", std::ios::binary) << cut;
+  const struct {
+    const char* file;
+    const char* why;
+  } cases[] = {{"absent.orf", "no such file"},
+               {"folder.orf", "not readable"},
+               {"text.orf", "not a level-5 data file"},
+               {"cut.orf", "damaged"}};
+  for (const auto& c : cases) {
+    for (const std::string& command :
+         {"summary " + std::string(c.file), "report " + std::string(c.file), "diff good.orf " + std::string(c.file)}) {
+      const CommandResult result = run(command);
+      EXPECT_EQ(result.status, 1) << command;
+      EXPECT_TRUE(result.out.empty()) << command;
+      EXPECT_NE(result.err.find("tempogauge:TempoGauge:OpenFileFailed: "), std::string::npos) << result.err;
+      EXPECT_NE(result.err.find(std::string(c.file) + "': " + c.why), std::string::npos) << result.err;
+    }
+  }
 }
 
 TEST_F(ScriptingCommand, SummaryPrintsTheAggregateTableAligned) {
@@ -118,15 +153,16 @@ TEST_F(ScriptingCommand, ReportDiffAndDiagnoseWriteTheirFiles) {
   ASSERT_EQ(run("report a.orf --aggregate --metric basicmemory -o agg.html").status, 0);
   EXPECT_GT(fs::file_size(dir_ / "agg.html"), 1000u);
 
-  const CommandResult diff = run("diff a.orf b.orf --lhs-label before --rhs-label after --metric time");
+  // Every option of diff at once.
+  const CommandResult diff = run(
+      "diff a.orf b.orf --grouping GLOBAL --metric BasicMemory --lhs-label before --rhs-label after -o all.html");
   ASSERT_EQ(diff.status, 0) << diff.err;
-  const std::string page = readFile(dir_ / "a-vs-b.html");
+  const std::string page = readFile(dir_ / "all.html");
   EXPECT_NE(page.find("before"), std::string::npos);
   EXPECT_NE(page.find("after"), std::string::npos);
-  ASSERT_EQ(run("diff a.orf b.orf --aggregate -o adiff.html").status, 0);
-  EXPECT_TRUE(fs::exists(dir_ / "adiff.html"));
-  const CommandResult tooMany = run("diff a.orf b.orf --grouping G --metric time --lhs-label x --rhs-label y");
-  EXPECT_EQ(tooMany.status, 2);
+  // Without labels the runs are named after their files.
+  ASSERT_EQ(run("diff a.orf b.orf --aggregate").status, 0);
+  EXPECT_NE(readFile(dir_ / "a-vs-b-aggregate.html").find("\"b\""), std::string::npos);
 
   ASSERT_EQ(run("diagnose b.orf").status, 0);
   EXPECT_NE(readFile(dir_ / "b-diagnostic.html").find("phase 2"), std::string::npos);
@@ -144,16 +180,33 @@ TEST_F(ScriptingCommand, DemoWritesBothTracesAndEveryReport) {
     EXPECT_TRUE(fs::exists(file)) << name;
     EXPECT_NE(demo.out.find(fs::absolute(file).lexically_normal().string()), std::string::npos) << name;
   }
-  // The two variants differ in a few phases: one appears only in the second.
-  const CommandResult summary = run("summary out/changed.orf");
-  ASSERT_EQ(summary.status, 0) << summary.err;
-  EXPECT_NE(summary.out.find("stage 5/refine solution"), std::string::npos);
-  EXPECT_EQ(run("summary out/baseline.orf").out.find("refine solution"), std::string::npos);
-  // Enough phases that a report's tables scroll (more than 32 rows).
-  std::size_t phases = 0;
-  std::istringstream lines(summary.out);
-  for (std::string line; std::getline(lines, line);) phases += line.find("Demo") != std::string::npos;
-  EXPECT_GT(phases, 32u);
+  EXPECT_NE(demo.out.find("Open first: " + fs::absolute(dir_ / "out" / "time-difference.html").string()),
+            std::string::npos);
+
+  // Every leaf of both runs lasts at least 50 ms; the changed run has one
+  // phase the baseline lacks and lacks one it has, and more executions.
+  std::set<std::string> names[2];
+  std::size_t rows[2] = {0, 0};
+  for (int side = 0; side < 2; ++side) {
+    RawPointVector raw;
+    TempoGaugingSystemInfo info;
+    std::string root;
+    ASSERT_TRUE(loadTraceFile((dir_ / "out" / (side == 0 ? "baseline.orf" : "changed.orf")).string(), raw, info, root));
+    const TGProcessedDataStruct run = tgGetProcessedDataForGroupings(&raw, {"GLOBAL"});
+    ASSERT_FALSE(run.hasErrors);
+    rows[side] = run.processedPoints.size();
+    for (const auto& point : run.processedPoints) {
+      const std::string name = tgGetNameStr(tg::kPhaseKind, point->phaseID);
+      names[side].insert(name);
+      if (point->numChildren == 0) {
+        EXPECT_GE(point->wcElapsedTime, 0.05) << name;
+      }
+    }
+  }
+  EXPECT_EQ(names[1].size(), names[0].size());
+  EXPECT_NE(names[1], names[0]);
+  EXPECT_GT(rows[1], rows[0]);
+  EXPECT_GT(rows[0], 32u);  // enough rows that the detail table scrolls
 }
 
 }  // namespace

@@ -99,6 +99,24 @@
 %! GaugeKit.Tracer.clearRawData ();
 %! remove_dir (dir);
 
+## Octave states the length of a 2-D char array of four characters or fewer
+## four bytes too long; its own load takes such a file, and so does ours.
+%!test
+%! dir = scratch ();
+%! TempoGaugingRawDataVector = {make_row(0, {"p", "OctG", ""}, true, 1:10), make_row(0, {"p", "OctG", ""}, false, 2:11)};
+%! ORRERYRoot = ["ab"; "cd"];
+%! for format = {"-v7", "-v6"}
+%!   file = fullfile (dir, ["short2d" format{1} ".orf"]);
+%!   save (format{1}, file, "TempoGaugingRawDataVector", "ORRERYRoot");
+%!   saved = load (file);
+%!   assert (saved.ORRERYRoot, ORRERYRoot);
+%!   GaugeKit.Tracer.clearRawData ();
+%!   GaugeKit.Tracer.loadTracerData (file);
+%!   assert (GaugeKit.Tracer.getRawData (), TempoGaugingRawDataVector);
+%! endfor
+%! GaugeKit.Tracer.clearRawData ();
+%! remove_dir (dir);
+
 ## Variables of the wrong kinds load as no points, and rows of unknown
 ## lengths or without their tag still load, as the tolerant reading says.
 %!test
