@@ -5,6 +5,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <charconv>
 
@@ -33,14 +34,26 @@ class StatmFile {
     return file;
   }
 
+  // The highest resident size any sample has shown: the peak given out never
+  // falls below it. getrusage's peak and statm's resident size are counted by
+  // different bookkeeping in the kernel, and the former can lag the latter.
+  std::uint64_t raisePeak(std::uint64_t candidate) noexcept {
+    std::uint64_t seen = peak_.load(std::memory_order_relaxed);
+    while (candidate > seen && !peak_.compare_exchange_weak(seen, candidate, std::memory_order_relaxed)) {
+    }
+    return candidate > seen ? candidate : seen;
+  }
+
  private:
   static void forgetInChild() {
     StatmFile& self = instance();
     const int fd = self.fd_.exchange(-1, std::memory_order_acq_rel);
     if (fd >= 0) ::close(fd);
+    self.peak_.store(0, std::memory_order_relaxed);  // a child's peak is its own
   }
 
   std::atomic<int> fd_{-1};
+  std::atomic<std::uint64_t> peak_{0};
 };
 
 // Reads the next decimal field; false if there is none.
@@ -55,7 +68,8 @@ bool nextNumber(const char*& at, const char* end, std::uint64_t& value) noexcept
 }  // namespace
 
 bool readProcessCounters(ProcessCounters& out) noexcept {
-  const int fd = StatmFile::instance().descriptor();
+  StatmFile& statm = StatmFile::instance();
+  const int fd = statm.descriptor();
   if (fd < 0) return false;
   char text[128];
   const ssize_t length = ::pread(fd, text, sizeof text, 0);
@@ -70,7 +84,8 @@ bool readProcessCounters(ProcessCounters& out) noexcept {
   if (::getrusage(RUSAGE_SELF, &usage) != 0) return false;
   out.residentBytes = residentPages * pageSize;
   out.virtualBytes = sizePages * pageSize;
-  out.peakResidentBytes = static_cast<std::uint64_t>(usage.ru_maxrss) * 1024u;
+  const std::uint64_t reportedPeak = static_cast<std::uint64_t>(usage.ru_maxrss) * 1024u;
+  out.peakResidentBytes = statm.raisePeak(std::max(reportedPeak, out.residentBytes));
   return true;
 }
 

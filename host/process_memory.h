@@ -8,7 +8,9 @@ namespace tg::host {
 
 struct ProcessCounters {
   std::uint64_t residentBytes = 0;      // resident set size (the working set)
-  std::uint64_t peakResidentBytes = 0;  // its peak over the process's life
+  // Its peak over the process's life: never below residentBytes, and never
+  // below a peak read before in the same process.
+  std::uint64_t peakResidentBytes = 0;
   std::uint64_t virtualBytes = 0;       // virtual size (the page file usage)
 };
 
