@@ -1,11 +1,19 @@
 #include "analysis/pairing_gap.h"
 
+#include <limits>
 #include <string>
 
 #include "collect/constants.h"
 #include "collect/tempo_gauge.h"
 
 namespace {
+
+// The cache key of "Unaccounted Phase"; the others are (phase id << 1) | self.
+constexpr std::int64_t kUnaccountedKey = std::numeric_limits<std::int64_t>::min();
+
+std::int32_t knownPhaseId(const std::string& name) {
+  return TempoGauge::instance()->findId(tg::kPhaseKind, name);
+}
 
 template <class Stats>
 void assign(std::shared_ptr<Stats>& target, const Stats& value) {
@@ -29,26 +37,18 @@ RawPointPtr cloneRawPoint(const TGORRERYDataPoint& point) {
   return std::make_shared<TGORRERYDataPoint>(point);
 }
 
-std::int32_t GapPairMaker::gapNameId(std::int32_t phaseId, bool self) {
-  const std::int64_t key = (static_cast<std::int64_t>(phaseId) << 1) | (self ? 1 : 0);
-  if (const auto it = nameIds_.find(key); it != nameIds_.end()) return it->second;
-  const std::string name = tgGetNameStr(tg::kPhaseKind, phaseId) + (self ? "_self" : "_post");
-  const std::int32_t id = tgGetId(tg::kPhaseKind, name);
-  nameIds_.emplace(key, id);
-  return id;
-}
-
 std::pair<RawPointPtr, RawPointPtr> GapPairMaker::make(const TGORRERYDataPoint& previous,
                                                        const TGORRERYDataPoint& current,
                                                        const TGORRERYDataPoint& top) {
   RawPointPtr start;
   RawPointPtr stop;
-  std::int32_t nameId = -1;
   if (previous.basicMemStats) {
     start = cloneRawPoint(top);
     stop = cloneRawPoint(top);
     const bool self = previous.isStart() && current.isStart();
-    nameId = gapNameId(self ? top.phaseId : previous.phaseId, self);
+    const std::int32_t namedAfter = self ? top.phaseId : previous.phaseId;
+    lastKey_ = (static_cast<std::int64_t>(namedAfter) << 1) | (self ? 1 : 0);
+    if (!nameIds_.contains(lastKey_)) lastName_ = tgGetNameStr(tg::kPhaseKind, namedAfter) + (self ? "_self" : "_post");
     // The clones own their records: copy the samples into them.
     assign(start->basicMemStats, *previous.basicMemStats);
     if (previous.detailedMemStats) assign(start->detailedMemStats, *previous.detailedMemStats);
@@ -64,8 +64,14 @@ std::pair<RawPointPtr, RawPointPtr> GapPairMaker::make(const TGORRERYDataPoint& 
     stop = std::make_shared<TGORRERYDataPoint>(current);
     start->groupingId = -1;
     stop->groupingId = -1;
-    if (unaccountedId_ < 0) unaccountedId_ = tgGetId(tg::kPhaseKind, tg::kUnaccountedPhase);
-    nameId = unaccountedId_;
+    lastKey_ = kUnaccountedKey;
+    if (!nameIds_.contains(lastKey_)) lastName_ = tg::kUnaccountedPhase;
+  }
+  std::int32_t nameId = -1;
+  if (const auto it = nameIds_.find(lastKey_); it != nameIds_.end()) {
+    nameId = it->second;
+  } else if ((nameId = knownPhaseId(lastName_)) >= 0) {
+    nameIds_.emplace(lastKey_, nameId);
   }
   start->flags.isStart = 1;
   stop->flags.isStart = 0;
@@ -74,4 +80,12 @@ std::pair<RawPointPtr, RawPointPtr> GapPairMaker::make(const TGORRERYDataPoint& 
   start->phaseId = nameId;
   stop->phaseId = nameId;
   return {std::move(start), std::move(stop)};
+}
+
+void GapPairMaker::keep(TGORRERYDataPoint& start, TGORRERYDataPoint& stop) {
+  if (start.phaseId >= 0) return;
+  const std::int32_t id = tgGetId(tg::kPhaseKind, lastName_);
+  nameIds_.emplace(lastKey_, id);
+  start.phaseId = id;
+  stop.phaseId = id;
 }

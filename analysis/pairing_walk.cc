@@ -97,6 +97,7 @@ void PairingWalk::visit(RawPointPtr point) {
       // met again with the same interval, without end: such a pair is not
       // inserted, and the point is handled as usual.
       if (settings_.isSelected(*gapStart)) {
+        gaps_.keep(*gapStart, *gapStop);
         pending_.push_back(std::move(point));
         pending_.push_back(std::move(gapStop));
         pending_.push_back(std::move(gapStart));
