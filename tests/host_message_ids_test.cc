@@ -94,6 +94,21 @@ TEST(MessageIds, CatalogueSentencesReadWell) {
   // Both wordings of the missing html file end in one full stop.
   expectRaised<TG::ExpectedNames>("A required option is missing: 'htmlfile' must be set.", "'htmlfile' must be set");
   expectRaised<TG::ExpectedNames>("A required option is missing: 'htmlfile' must be set.", "'htmlfile' must be set.");
+  // Where the ID's own sentence would mislead, the text says what was expected.
+  expectRaised<TG::ParameterMismatchString>("The option 'showmeta' takes a logical scalar (true or false).",
+                                            "showmeta");
+  expectRaised<TG::ParameterMismatchString>("Phase must be a character vector.", "Phase");
+  expectRaised<TG::UnexpectedValue>("The value of the option 'lhsfile' must be a character vector.", "lhsfile");
+  expectRaised<TG::UnexpectedValue>(
+      "Unexpected value for 'MyGroup': to add a grouping, give its members as a cell array of character vectors; "
+      "an option's value must be a character vector.",
+      "MyGroup");
+  expectRaised<TG::ExpectedNames>("Expected an option name, 'grouping' or 'model', as a character vector.",
+                                  "'grouping' or 'model'");
+  expectRaised<TG::ExpectedNames>(
+      "Required options are missing: expected 'htmlfile' and one of 'lhsfile' or 'rhsfile' to be set.",
+      "'htmlfile' and one of 'lhsfile' or 'rhsfile' to be set.");
+  expectRaised<TG::MissingOrfExt>("The file name must contain \".orf\", as in run.orf.");
   // A comparison side taken from the live store has an empty file name.
   const auto live = tgMakeError<TG::NoRawTracerDataLoaded>("");
   EXPECT_EQ(live.record().arguments.at(0), "");
