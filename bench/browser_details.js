@@ -37,10 +37,12 @@ function timed(page, action, arg) {
 
 async function details(browser) {
   const firstRows = [];
+  const loads = [];
   for (let i = 0; i < 3; i++) {
     const page = await browser.context.newPage();
     const start = Date.now();
     await page.goto('file://' + path.join(work, 'details_1m.html'), { waitUntil: 'load', timeout: 120000 });
+    loads.push(Date.now() - start);
     await page.evaluate(() => { ShowTable('phaseSummary'); userInputsAction(); });
     await page.waitForSelector('#phaseTD0');
     firstRows.push(Date.now() - start);
@@ -71,6 +73,7 @@ async function details(browser) {
       const kept = await page.evaluate(() => { document.getElementById('phasename').value = '^Step 042$'; userInputsAction(); return dataView.Index.length; });
       console.log(`detail report: ${rows} rows, the filter keeps ${kept}`);
       report('details: navigation to first rows', firstRows, 5000);
+      report('  of which the page load (data script)', loads, 5000);
       report('details: one scroll step', scroll, 16);
       report('details: filter keeping 1%', filter, 1000);
       report('details: two-rank sort of every row', sort, 2000);
@@ -97,14 +100,11 @@ async function callTree(browser, name, foldNode) {
       CT_userInputsAction();`));
   }
   const nodes = await page.evaluate(() => CTDataView.Index.length);
-  // Folds and unfolds the node `foldNode` levels below the first root, which
-  // the unfolded view shows at that position.
+  // Folds and unfolds, in turn, the node at view position `foldNode` of the
+  // unfolded tree, shown in the window's row of that number.
+  await page.evaluate(() => { lastStartIndex['CallTree'] = 0; renderCTDetailTable(); });
   for (let f = 0; f < 10; f++) {
-    fold.push(await timed(page, `
-      lastStartIndex['CallTree'] = 0;
-      renderCTDetailTable();
-      var position = arg;
-      toggleCallTreeChildren(position, CTDataView.Index[position], position);`, foldNode));
+    fold.push(await timed(page, 'toggleCallTreeChildren(arg, CTDataView.Index[arg], arg);', foldNode));
   }
   await page.close();
   console.log(`${name}: ${nodes} rows unfolded`);

@@ -444,13 +444,15 @@ function openCallTreeTab(phaseName) {
     document.getElementById('callTreeSummaryScrollTableDiv').scrollTop = lastStartIndex['CallTree'] * dataRowHeight;
 }
 
-// Draws the table from lastStartIndex['CallTree'].
+// Draws the table from lastStartIndex['CallTree']: a first build gives the
+// rows a height to measure (a table that already has rows has one), then the
+// table is fitted to the window.
 function renderCTDetailTable() {
     document.getElementById('callTreeSummaryTableDiv').style.display = 'block';
     numPhasesToRenderInTable['CallTree'] = ABSMAXNUMPHASES;
     maxNumPhases = Math.min(ABSMAXNUMPHASES, CTDataView.Index.length);
     var end = Math.min(Math.floor(lastStartIndex['CallTree'] + maxNumPhases), CTDataView.Index.length);
-    generateCallTreeTable(end - maxNumPhases, end, false);
+    if (!document.getElementById('ct_checkBoxTD1')) generateCallTreeTable(end - maxNumPhases, end, false);
     generateFakeDivContents('CallTree');
     tableResizeAction('CallTree');
 }

@@ -167,3 +167,68 @@ test('names with markup are shown as text in the Call Tree and Details tabs', as
   assert.equal(await page.evaluate(() => typeof window.injected), 'undefined');
   assert.deepEqual(errors, []);
 });
+
+test('a filter opens the retained subtrees as the walk that splices each node in turn does', async () => {
+  const { page, errors } = await openCallTree('nested_time.html');
+  const mismatches = await page.evaluate(() => {
+    let seed = 11;
+    const random = () => (seed = (seed * 1103515245 + 12345) % 2147483648) / 2147483648;
+    // The walk as a splice per inserted row.
+    function plainExpand() {
+      let maxSelf = -99999;
+      let nodeToExpandTo = 0;
+      for (let i = 0; i < CTDataView.Index.length; i++) {
+        const node = nodeArray[CTDataView.Index[i]];
+        if (contains(expandTreeToIndex, node.index)) {
+          CTDataView.Checked[i] = true;
+          let self = 0;
+          for (const id of node.IDs) self += procData[id].WCSelf;
+          if (self > maxSelf) { maxSelf = self; nodeToExpandTo = i; }
+        }
+        const childIDs = getIDArray(node.children);
+        let firstIdx = i + 1;
+        for (let c = 0; c < childIDs.Index.length; c++) {
+          const id = childIDs.Index[c];
+          CTDataView.Index.splice(firstIdx, 0, id);
+          CTDataView.Checked.splice(firstIdx, 0, contains(expandTreeToIndex, id) ? true : childIDs.Checked[c]);
+          firstIdx++;
+          nodeArray[id].show = true;
+        }
+      }
+      return nodeToExpandTo;
+    }
+    const found = [];
+    for (let round = 0; round < 200; round++) {
+      const count = 1 + Math.floor(random() * 25);
+      const nodes = [];
+      procData = [];
+      for (let n = 0; n < count; n++) {
+        const parent = n == 0 || random() < 0.2 ? n : Math.floor(random() * n);
+        const ids = [procData.length];
+        procData.push({ WCSelf: Math.floor(random() * 5) });
+        nodes.push({ index: n, IDs: ids, Parent: parent, children: [], show: random() < 0.5 });
+        if (parent != n) nodes[parent].children.push(nodes[n]);
+      }
+      const view = [];
+      const marks = [];
+      for (let v = Math.floor(random() * 4); v >= 0; v--) { view.push(Math.floor(random() * count)); marks.push(0); }
+      const matches = nodes.filter(() => random() < 0.3).map((node) => node.index);
+      const shows = nodes.map((node) => node.show);
+      const run = (expand) => {
+        nodeArray = nodes;
+        nodes.forEach((node, k) => { node.show = shows[k]; });
+        CTDataView.Index = view.slice();
+        CTDataView.Checked = marks.slice();
+        expandTreeToIndex = matches.slice();
+        const at = expand();
+        return JSON.stringify([at, CTDataView.Index, CTDataView.Checked, nodes.map((node) => node.show)]);
+      };
+      const expected = run(plainExpand);
+      const actual = run(expandFilteredView);
+      if (expected != actual) found.push({ expected, actual });
+    }
+    return found;
+  });
+  assert.deepEqual(mismatches.slice(0, 2), []);
+  assert.deepEqual(errors, []);
+});
