@@ -219,3 +219,29 @@ test('a filter cell without a valid expression is named, and the table keeps its
   assert.deepEqual((await view(page)).map((r) => r.name), ['Deep 1', 'Deep 6']);
   assert.deepEqual(errors, []);
 });
+
+test('each metric sort cell orders the view by its own field, in every report kind', async () => {
+  // Cells whose field is not their id without "Sort_"; the Abs Dev cell of a
+  // time comparison names no field and orders nothing.
+  const fieldOf = { Sort_self: 'WCSelf', Sort_selfPchild: 'WCElapsed', Sort_WCSelfAbsDev: null };
+  for (const name of ['nested_time.html', 'nested_basicmemory.html', 'nested_detailedmemory.html', 'diff_time.html',
+                      'diff_basicmemory.html', 'diff_detailedmemory.html']) {
+    const { page, errors } = await openDetails(name);
+    const ids = await page.evaluate(() => Array.from(document.querySelectorAll('#SortData table[caption=Time] input, ' +
+                                                                             '#SortData table[caption=Memory] input'), (input) => input.id));
+    assert.ok(ids.length >= 2, `${name}: ${ids}`);
+    for (const id of ids) {
+      await refresh(page, { [id]: '1' });
+      const field = id in fieldOf ? fieldOf[id] : id.slice('Sort_'.length);
+      const order = await page.evaluate((f) => dataView.Index.map((i) => (f ? Math.round(procData[i][f] * 100) : i)), field);
+      const expected = field ? [...order].sort((a, b) => b - a) : [...order].sort((a, b) => a - b);
+      assert.deepEqual(order, expected, `${name}: ${id} orders by ${field}`);
+    }
+    assert.deepEqual(errors, [], name);
+    await page.close();
+  }
+  const { page } = await openDetails('diff_detailedmemory.html');
+  const names = await page.evaluate(() => ['Sort_LHS_Free', 'Sort_FreeAbsDev', 'Sort_NonProcessRelDev'].map(
+    (id) => document.getElementById(id).name));
+  assert.deepEqual(names, ['Sort_LHS_free', 'Sort_AbsDev_free', 'Sort_RelDev_os']);
+});
