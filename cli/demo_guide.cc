@@ -40,6 +40,7 @@ RunFigures collectRunFigures(const std::string& grouping) {
     ++f.calls;
     f.wallTotal += point->wcElapsedTime;
     if (point->basicMem) f.memoryGrowth = std::max(f.memoryGrowth, point->basicMem->procMemUsageDelta);
+    if (point->numChildren > 0) f.leaf = false;
   }
   return figures;
 }
@@ -72,7 +73,10 @@ void printDemoGuide(std::ostream& out, const std::filesystem::path& dir, const R
   };
   // The two that slowed down most and the one that sped up most; changes
   // within a third or so are the machine's, not the workload's.
-  RunFigures rest = both;
+  RunFigures rest, leaves;
+  for (const auto& [name, f] : both)
+    if (f.leaf && baseline.at(name).leaf) leaves[name] = f;
+  rest = leaves;
   for (int shown = 0; shown < 2; ++shown) {
     const auto* slower = best(rest, [&](const auto& a, const auto& b) { return ratio(a) > ratio(b); });
     if (!slower || ratio(*slower) < 1.5) break;
@@ -80,7 +84,7 @@ void printDemoGuide(std::ostream& out, const std::filesystem::path& dir, const R
     const std::string name = slower->first;  // erase by a copy: the key dies with the entry
     rest.erase(name);
   }
-  const auto* faster = best(both, [&](const auto& a, const auto& b) { return ratio(a) < ratio(b); });
+  const auto* faster = best(leaves, [&](const auto& a, const auto& b) { return ratio(a) < ratio(b); });
   if (faster && ratio(*faster) <= 0.67) timeLine(faster, "sped up");
   for (const std::string& name : added) out << "    \"" << name << "\" is new\n";
   for (const std::string& name : gone) out << "    \"" << name << "\" is gone\n";

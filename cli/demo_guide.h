@@ -9,12 +9,14 @@
 
 namespace tg::cli {
 
-// One phase of a run: its executions, their wall time in all, and the most
-// resident memory one execution added (MiB).
+// One phase of a run: its executions, their wall time in all, the most
+// resident memory one execution added (MiB), and whether no execution had
+// phases inside it.
 struct PhaseFigures {
   int calls = 0;
   double wallTotal = 0.0;
   double memoryGrowth = 0.0;
+  bool leaf = true;
 };
 
 using RunFigures = std::map<std::string, PhaseFigures>;
@@ -26,7 +28,8 @@ RunFigures collectRunFigures(const std::string& grouping);
 // Names the report to open first, in `dir`, and the changes it shows: the
 // phases that slowed down and sped up most per execution, those new and
 // gone, the one whose count of executions changed that costs most, and the
-// one whose memory growth changed most.
+// one whose memory growth changed most. Only leaves count for the changes of
+// time: a parent's time only follows its children's.
 void printDemoGuide(std::ostream& out, const std::filesystem::path& dir, const RunFigures& baseline,
                     const RunFigures& changed);
 
