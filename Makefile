@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= 2
 
-.PHONY: all deps build test test-unit test-octave test-browser bench demo clean
+.PHONY: all deps build test test-unit test-octave test-browser bench demo octave-package clean
 
 all: build
 
@@ -20,6 +20,7 @@ test: build
 	@if [ -x tests/octave/run ]; then tests/octave/run $(BUILD); fi
 	@if [ -x tests/browser/run ]; then tests/browser/run $(BUILD); fi
 	tests/install/run $(BUILD)
+	tests/install/octave-package $(BUILD)
 
 bench: build
 	@for b in $(BUILD)/bench/*_bench; do \
@@ -32,6 +33,10 @@ bench: build
 
 demo: build
 	$(BUILD)/tempogauge demo --out tempogauge-demo
+
+# Octave's package of tempogauge: $(BUILD)/tempogauge-<version>.tar.gz, for pkg install.
+octave-package: build
+	@octave/package/make-package $(BUILD)
 
 clean:
 	rm -rf $(BUILD)
