@@ -13,5 +13,6 @@ void addDiffCommand(CLI::App& app);
 void addDiagnoseCommand(CLI::App& app);
 void addSummaryCommand(CLI::App& app);
 void addDemoCommand(CLI::App& app);
+void addExportCommand(CLI::App& app);
 
 }  // namespace tg::cli

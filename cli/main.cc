@@ -44,6 +44,7 @@ int main(int argc, char** argv) {
   tg::cli::addDiffCommand(app);
   tg::cli::addDiagnoseCommand(app);
   tg::cli::addSummaryCommand(app);
+  tg::cli::addExportCommand(app);
   tg::cli::addDemoCommand(app);
 
   // The parser would only say that a command is required.

@@ -1,0 +1,4 @@
+// Part of the public interface: declared in include/tempogauge/analysis/trace_event_export.h.
+#pragma once
+
+#include "tempogauge/analysis/trace_event_export.h"
