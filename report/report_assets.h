@@ -23,6 +23,8 @@ extern const std::string_view chart_common_js;
 extern const std::string_view chart_markup_js;
 extern const std::string_view mem_chart_js;
 extern const std::string_view diff_chart_js;
+extern const std::string_view diff_chart_panels_js;
+extern const std::string_view diff_chart_popups_js;
 // Every asset by file name, for checks over all of them.
 extern const std::pair<std::string_view, std::string_view> kAll[];
 extern const std::size_t kAllCount;

@@ -1,6 +1,7 @@
 #include "report/report_scripts.h"
 
 #include <array>
+#include <initializer_list>
 
 #include "report/document_fragments.h"
 #include "report/report_assets.h"
@@ -55,7 +56,8 @@ void writeAggregateScript(std::string& out, std::string_view metric, bool isComp
 
 namespace {
 
-void writeChartScript(std::string& out, bool isComparison, bool hasDetailedMemStats, std::string_view chart) {
+void writeChartScript(std::string& out, bool isComparison, bool hasDetailedMemStats,
+                      std::initializer_list<std::string_view> chartParts) {
   out += kScriptOpen;
   if (!hasDetailedMemStats) {
     out += "function canvasResizeAction() {\n}\n";
@@ -65,7 +67,7 @@ void writeChartScript(std::string& out, bool isComparison, bool hasDetailedMemSt
     variant.isComparison = isComparison;
     variant.hasDetailedMemStats = true;
     appendVariantText(out, tg::assets::chart_common_js, variant);
-    appendVariantText(out, chart, variant);
+    for (const std::string_view part : chartParts) appendVariantText(out, part, variant);
   }
   out += kScriptClose;
 }
@@ -73,11 +75,12 @@ void writeChartScript(std::string& out, bool isComparison, bool hasDetailedMemSt
 }  // namespace
 
 void writeMemChartScript(std::string& out, bool hasDetailedMemStats) {
-  writeChartScript(out, false, hasDetailedMemStats, tg::assets::mem_chart_js);
+  writeChartScript(out, false, hasDetailedMemStats, {tg::assets::mem_chart_js});
 }
 
 void writeDiffChartScript(std::string& out, bool hasDetailedMemStats) {
-  writeChartScript(out, true, hasDetailedMemStats, tg::assets::diff_chart_js);
+  writeChartScript(out, true, hasDetailedMemStats,
+                   {tg::assets::diff_chart_js, tg::assets::diff_chart_panels_js, tg::assets::diff_chart_popups_js});
 }
 
 void writeDetailScript(std::string& out, std::string_view metric, bool isComparison) {
