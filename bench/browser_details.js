@@ -12,74 +12,59 @@ const root = path.resolve(__dirname, '..');
 const build = path.resolve(process.argv[2] || path.join(root, 'build'));
 const work = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-bench-tables-'));
 process.env.TG_REPORT_DIR = work;
-const { launchBrowser, openReport, settle } = require(path.join(root, 'tests/browser/chromium'));
-
-function median(values) {
-  const sorted = [...values].sort((a, b) => a - b);
-  return sorted[Math.floor(sorted.length / 2)];
-}
+const { launchBrowser, openReport, median, timed } = require(path.join(root, 'tests/browser/chromium'));
 
 function report(name, values, goal) {
-  const m = median(values);
-  console.log(`${name.padEnd(44)} median ${m.toFixed(1).padStart(8)} ms  (${values.length} runs, goal < ${goal} ms)`);
+  console.log(`${name.padEnd(44)} median ${median(values).toFixed(1).padStart(8)} ms  (${values.length} runs, goal < ${goal} ms)`);
 }
 
-// Runs `action` (a page function) and returns its time in ms, layout included.
-function timed(page, action, arg) {
-  return page.evaluate(([source, argument]) => {
-    const run = new Function('arg', source);
-    const start = performance.now();
-    run(argument);
-    void document.body.offsetHeight;
-    return performance.now() - start;
-  }, [action, arg]);
+// Times `count` runs of the page function body `source` (given the run's number).
+async function repeat(page, count, source) {
+  const times = [];
+  for (let i = 0; i < count; i++) times.push(await timed(page, source, i));
+  return times;
 }
+
+// The Details form filled in and applied: a phase filter and two sort ranks.
+const applyForm = (phase, rankName, rankSelf) => `
+  document.getElementById('phasename').value = '${phase}';
+  document.getElementById('Sort_phasename').value = '${rankName}';
+  document.getElementById('Sort_self').value = '${rankSelf}';
+  userInputsAction(); return dataView.Index.length;`;
 
 async function details(browser) {
   const firstRows = [];
   const loads = [];
+  let page;
   for (let i = 0; i < 3; i++) {
-    const page = await browser.context.newPage();
+    if (page) await page.close();
+    page = await browser.context.newPage();
     const start = Date.now();
     await page.goto('file://' + path.join(work, 'details_1m.html'), { waitUntil: 'load', timeout: 120000 });
     loads.push(Date.now() - start);
     await page.evaluate(() => { ShowTable('phaseSummary'); userInputsAction(); });
     await page.waitForSelector('#phaseTD0');
     firstRows.push(Date.now() - start);
-    if (i < 2) await page.close();
-    else {
-      const rows = await page.evaluate(() => dataView.Index.length);
-      const scroll = [];
-      for (let s = 0; s < 60; s++) {
-        scroll.push(await timed(page, `
-          var scroller = document.getElementById('phaseSummaryScrollTableDiv');
-          scroller.scrollTop = (arg * 7919 % 1000) / 1000 * (scroller.scrollHeight - scroller.clientHeight);
-          reGenerateTable(scroller, 'Detail');`, s));
-      }
-      const filter = [];
-      const sort = [];
-      for (let r = 0; r < 5; r++) {
-        filter.push(await timed(page, `
-          document.getElementById('phasename').value = '^Step 042$';
-          document.getElementById('Sort_phasename').value = '';
-          document.getElementById('Sort_self').value = '';
-          userInputsAction();`));
-        sort.push(await timed(page, `
-          document.getElementById('phasename').value = '';
-          document.getElementById('Sort_phasename').value = '1';
-          document.getElementById('Sort_self').value = '2';
-          userInputsAction();`));
-      }
-      const kept = await page.evaluate(() => { document.getElementById('phasename').value = '^Step 042$'; userInputsAction(); return dataView.Index.length; });
-      console.log(`detail report: ${rows} rows, the filter keeps ${kept}`);
-      report('details: navigation to first rows', firstRows, 5000);
-      report('  of which the page load (data script)', loads, 5000);
-      report('details: one scroll step', scroll, 16);
-      report('details: filter keeping 1%', filter, 1000);
-      report('details: two-rank sort of every row', sort, 2000);
-      await page.close();
-    }
   }
+  const rows = await page.evaluate(() => dataView.Index.length);
+  const scroll = await repeat(page, 60, `
+    var scroller = document.getElementById('phaseSummaryScrollTableDiv');
+    scroller.scrollTop = (arg * 7919 % 1000) / 1000 * (scroller.scrollHeight - scroller.clientHeight);
+    reGenerateTable(scroller, 'Detail');`);
+  const filter = [];
+  const sort = [];
+  for (let r = 0; r < 5; r++) {
+    filter.push(await timed(page, applyForm('^Step 042$', '', '')));
+    sort.push(await timed(page, applyForm('', '1', '2')));
+  }
+  const kept = await page.evaluate(new Function(applyForm('^Step 042$', '', '')));
+  await page.close();
+  console.log(`detail report: ${rows} rows, the filter keeps ${kept}`);
+  report('details: navigation to first rows', firstRows, 5000);
+  report('  of which the page load (data script)', loads, 5000);
+  report('details: one scroll step', scroll, 16);
+  report('details: filter keeping 1%', filter, 1000);
+  report('details: two-rank sort of every row', sort, 2000);
 }
 
 async function callTree(browser, name, foldNode) {
@@ -87,25 +72,16 @@ async function callTree(browser, name, foldNode) {
   let page;
   for (let i = 0; i < 3; i++) {
     if (page) await page.close();
-    page = await browser.context.newPage();
-    await page.goto('file://' + path.join(work, name), { waitUntil: 'load', timeout: 120000 });
-    await settle(page);
+    ({ page } = await openReport(browser, name, { timeout: 120000 }));
     open.push(await timed(page, "ShowTable('callTreeSummary');"));
   }
-  const unfold = [];
-  const fold = [];
-  for (let r = 0; r < 3; r++) {
-    unfold.push(await timed(page, `
-      document.getElementById('CT_phasename').value = '.';
-      CT_userInputsAction();`));
-  }
+  const unfold = await repeat(page, 3, "document.getElementById('CT_phasename').value = '.'; CT_userInputsAction();");
   const nodes = await page.evaluate(() => CTDataView.Index.length);
   // Folds and unfolds, in turn, the node at view position `foldNode` of the
   // unfolded tree, shown in the window's row of that number.
   await page.evaluate(() => { lastStartIndex['CallTree'] = 0; renderCTDetailTable(); });
-  for (let f = 0; f < 10; f++) {
-    fold.push(await timed(page, 'toggleCallTreeChildren(arg, CTDataView.Index[arg], arg);', foldNode));
-  }
+  const fold = [];
+  for (let f = 0; f < 10; f++) fold.push(await timed(page, 'toggleCallTreeChildren(arg, CTDataView.Index[arg], arg);', foldNode));
   await page.close();
   console.log(`${name}: ${nodes} rows unfolded`);
   report(`${name}: open the tab`, open, 2000);
@@ -114,14 +90,15 @@ async function callTree(browser, name, foldNode) {
 }
 
 (async () => {
-  execFileSync(path.join(build, 'tg_make_reports'), ['bench-tables', work], { stdio: 'inherit' });
-  const browser = await launchBrowser();
+  let browser;
   try {
+    execFileSync(path.join(build, 'tg_make_reports'), ['bench-tables', work], { stdio: 'inherit' });
+    browser = await launchBrowser();
     await details(browser);
     await callTree(browser, 'tree_deep.html', 1);
     await callTree(browser, 'tree_wide.html', 0);
   } finally {
-    await browser.close();
+    if (browser) await browser.close();
     fs.rmSync(work, { recursive: true, force: true });
   }
 })().catch((error) => {

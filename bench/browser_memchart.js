@@ -9,26 +9,20 @@ const os = require('os');
 const path = require('path');
 const { execFileSync } = require('child_process');
 const root = path.resolve(__dirname, '..');
-const { chromium } = require(path.join(root, 'tests/browser/node_modules/playwright-core'));
+const { launchBrowser, openReport, median } = require(path.join(root, 'tests/browser/chromium'));
 
 const build = path.resolve(process.argv[2] || path.join(root, 'build'));
 const executions = Number(process.argv[3] || 100000);
 const RUNS = 5;
 const STEPS = 60;
 
-function median(values) {
-  const sorted = [...values].sort((a, b) => a - b);
-  return sorted[Math.floor(sorted.length / 2)];
-}
-
 // One opening of the page: its load and the share of the load handlers, which
 // build the views and draw the chart; then STEPS scroll steps of the dummy,
 // each timed until its drawing is on the canvas.
-async function measure(context, file, dummyId, canvasId) {
-  const page = await context.newPage();
+async function measure(browser, name, dummyId, canvasId) {
   // Times the chart's own work at load: its build and first drawing, and the
   // refit that the load's resize handler asks of it.
-  await page.addInitScript(() => {
+  const init = () => {
     window.chartMs = 0;
     document.addEventListener('DOMContentLoaded', () => {
       for (const name of ['renderMemChart', 'canvasResizeAction']) {
@@ -41,10 +35,8 @@ async function measure(context, file, dummyId, canvasId) {
         };
       }
     });
-  });
-  const errors = [];
-  page.on('pageerror', (error) => errors.push(error.message));
-  await page.goto('file://' + file, { waitUntil: 'load' });
+  };
+  const { page, errors } = await openReport(browser, name, { init });
   const load = await page.evaluate(() => {
     const nav = performance.getEntriesByType('navigation')[0];
     return { total: nav.loadEventEnd, handlers: nav.loadEventEnd - nav.loadEventStart };
@@ -69,41 +61,32 @@ async function measure(context, file, dummyId, canvasId) {
     return times;
   }, [dummyId, canvasId, STEPS]);
   await page.close();
-  if (errors.length) throw new Error(`${path.basename(file)}: ${errors.join('; ')}`);
+  if (errors.length) throw new Error(errors.join('; '));
   return { load, redraw: median(steps) };
 }
 
 async function main() {
   const dir = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-chart-bench-'));
-  const profile = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-chart-profile-'));
+  process.env.TG_REPORT_DIR = dir;
   try {
     execFileSync(path.join(build, 'tg_make_reports'), ['bench', dir, String(executions)], { stdio: 'inherit' });
-    const context = await chromium.launchPersistentContext(profile, {
-      executablePath: '/usr/bin/chromium',
-      headless: true,
-      args: ['--headless', '--no-sandbox', '--disable-gpu', '--disable-background-networking',
-             '--disable-component-update', '--disable-sync', '--no-first-run'],
-      viewport: { width: 1280, height: 1400 },
-    });
+    const browser = await launchBrowser();
     const charts = [
       ['memory chart, one run of ' + executions, 'memchart.html', 'fakecanvasdiv', 'scrollcanvas', 1000],
       ['comparison chart, two runs of ' + executions / 2, 'diffchart.html', 'fakeCanvasDiffDiv', 'absDevCanvasDiff', 1500],
     ];
     for (const [title, name, dummyId, canvasId, goal] of charts) {
       const results = [];
-      for (let r = 0; r < RUNS; r++) results.push(await measure(context, path.join(dir, name), dummyId, canvasId));
-      const total = median(results.map((r) => r.load.total));
-      const handlers = median(results.map((r) => r.load.handlers));
-      const chart = median(results.map((r) => r.load.chart));
+      for (let r = 0; r < RUNS; r++) results.push(await measure(browser, name, dummyId, canvasId));
+      const [total, handlers, chart] = ['total', 'handlers', 'chart'].map((k) => median(results.map((r) => r.load[k])));
       const redraw = median(results.map((r) => r.redraw));
       console.log(`${title}: first chart ${chart.toFixed(0)} ms (goal ${goal} ms; the whole page from navigation ` +
                   `${total.toFixed(0)} ms, of it the load handlers ${handlers.toFixed(0)} ms), redraw of one scroll ` +
                   `step ${redraw.toFixed(2)} ms (goal 16 ms); medians of ${RUNS} openings`);
     }
-    await context.close();
+    await browser.close();
   } finally {
     fs.rmSync(dir, { recursive: true, force: true });
-    fs.rmSync(profile, { recursive: true, force: true });
   }
 }
 

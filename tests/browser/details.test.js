@@ -1,21 +1,12 @@
 // The Details tab in Chromium: filters and sorts typed into its form, check
-// boxes and their totals, the phase links of a comparison, and a filter cell
-// that holds no valid expression.
+// boxes and their totals, the phase links of a comparison.
 'use strict';
-const { test, before, after } = require('node:test');
+const { test } = require('node:test');
 const assert = require('node:assert/strict');
-const { launchBrowser, openReport, settle } = require('./chromium');
+const { browserForTests, settle, scrollTo, cellTexts, expectedTotals } = require('./chromium');
 
-let browser;
-before(async () => { browser = await launchBrowser(); });
-after(async () => { if (browser) await browser.close(); });
-
-async function openDetails(name, viewport) {
-  const opened = await openReport(browser, name, viewport);
-  await opened.page.locator('.aggregateSumHeader a', { hasText: 'Details' }).click();
-  await settle(opened.page);
-  return opened;
-}
+const browser = browserForTests();
+const openDetails = (name, options) => browser.openTab(name, 'Details', options);
 
 // Fills form cells by id (every other cell emptied) and presses Refresh.
 async function refresh(page, cells) {
@@ -32,14 +23,7 @@ function view(page) {
     row: i, name: Phase[procData[i].Phase], self: procData[i].WCSelf, checked: dataView.Checked[k] == 1 })));
 }
 
-function windowText(page, ids) {
-  return page.evaluate((cellIds) => cellIds.map((id) => {
-    const cell = document.getElementById(id);
-    return cell ? cell.textContent : null;
-  }), ids);
-}
-
-test('filter cells take regular expressions, narrow one another, and "_self" lets the "_post" names through', async () => {
+test('filter cells take regular expressions and narrow one another; "_self" passes "_post" names; bad ones are named', async () => {
   const { page, errors } = await openDetails('nested_time.html');
   const cases = [
     { cells: { phasename: '^Deep [2-4]$' }, names: ['Deep 2', 'Deep 3', 'Deep 4'] },
@@ -62,29 +46,19 @@ test('filter cells take regular expressions, narrow one another, and "_self" let
   const all = await view(page);
   const total = await page.evaluate(() => procData.length - numBlankData);
   assert.deepEqual(all.map((r) => r.row), [...Array(total).keys()]);
-  assert.deepEqual(await windowText(page, ['execTD0', 'execTD1', 'totalChecked']), ['0', '1', '0']);
-  assert.deepEqual(errors, []);
-});
-
-test('sort cells rank their columns; a repeated rank keeps the later cell, the Exec Order cell is not read', async () => {
-  const { page, errors } = await openDetails('nested_time.html');
-  const byName = (a, b) => (a.name.toLowerCase() < b.name.toLowerCase() ? -1 : a.name.toLowerCase() > b.name.toLowerCase() ? 1 : 0);
-  const hundredths = (v) => Math.round(v * 100);
-  const cases = [
-    { cells: { Sort_phasename: '1', Sort_self: '2' },
-      ordered: (a, b) => byName(a, b) < 0 || (byName(a, b) == 0 && hundredths(a.self) >= hundredths(b.self)) },
-    { cells: { Sort_phasename: '1', Sort_self: '1' }, ordered: (a, b) => hundredths(a.self) >= hundredths(b.self) },
-    // The ranks around a gap still count.
-    { cells: { Sort_self: '2' }, ordered: (a, b) => hundredths(a.self) >= hundredths(b.self) },
-    { cells: { Sort_execorder: '1' }, ordered: (a, b) => a.row < b.row },
-  ];
-  for (const { cells, ordered } of cases) {
-    await refresh(page, cells);
-    const rows = await view(page);
-    for (let i = 1; i < rows.length; i++) {
-      assert.ok(ordered(rows[i - 1], rows[i]), `${JSON.stringify(cells)}: ${rows[i - 1].name} before ${rows[i].name}`);
-    }
-  }
+  assert.deepEqual(await cellTexts(page, ['execTD0', 'execTD1', 'totalChecked']), ['0', '1', '0']);
+  // A cell without a valid expression is named, and the table keeps its rows.
+  await refresh(page, { phasename: 'Deep' });
+  const before = await view(page);
+  await refresh(page, { phasename: 'Deep (', Sort_self: '1' });
+  assert.match(await page.locator('#FilterMessage').textContent(), /^Phase: "Deep \(" is not a valid regular expression/);
+  assert.match(await page.locator('#phasename').getAttribute('title'), /not a valid regular expression/);
+  assert.equal(await page.locator('#FilterData').isVisible(), true, 'the filter pane stays open on the cell');
+  assert.deepEqual(await view(page), before);
+  assert.equal(await page.locator('#phaseTD0').textContent(), 'Deep 1(Grouping:Workload)');
+  await refresh(page, { phasename: 'Deep [16]' });
+  assert.equal(await page.locator('#FilterMessage').textContent(), '');
+  assert.deepEqual((await view(page)).map((r) => r.name), ['Deep 1', 'Deep 6']);
   assert.deepEqual(errors, []);
 });
 
@@ -135,41 +109,28 @@ test('check boxes sum their rows into the totals, by metric, and the header box 
   ];
   for (const { name, totals } of reports) {
     // A low window, so that the view is longer than the table.
-    const { page, errors } = await openDetails(name, { width: 1280, height: 700 });
+    const { page, errors } = await openDetails(name, { viewport: { width: 1280, height: 700 } });
     await refresh(page, {});
     const expectTotals = async (rows, label) => {
-      const expected = await page.evaluate(([indices, specs]) => {
-        const out = {};
-        for (const [id, [field, how]] of Object.entries(specs)) {
-          let value = 0;
-          for (const i of indices) value = how == 'sum' ? value + procData[i][field] : Math.max(value, procData[i][field]);
-          out[id] = createScientificNotation(value);
-        }
-        out.totalChecked = '' + indices.length;
-        return out;
-      }, [rows, totals]);
-      assert.deepEqual(await windowText(page, Object.keys(expected)), Object.values(expected), `${name}: ${label}`);
+      const expected = { ...(await expectedTotals(page, rows, totals)), totalChecked: '' + rows.length };
+      assert.deepEqual(await cellTexts(page, Object.keys(expected)), Object.values(expected), `${name}: ${label}`);
+    };
+    const click = async (box, checked) => {
+      await page.locator(box).setChecked(checked);
+      await settle(page);
     };
     await page.locator('#checkBox1').check();
-    await page.locator('#checkBox3').check();
-    await settle(page);
+    await click('#checkBox3', true);
     await expectTotals([1, 3], 'two rows');
-    await page.locator('#AllChecked').check();
-    await settle(page);
+    await click('#AllChecked', true);
     const length = await page.evaluate(() => dataView.Index.length);
     const windowRows = await page.locator('#phaseSummaryTable input[id^=checkBox]').count();
     assert.ok(windowRows < length, `${name}: ${windowRows} of ${length} rows in the window`);
     await expectTotals([...Array(length).keys()], 'every row');
     // Rows scrolled into the window show the mark of the view.
-    await page.evaluate(() => {
-      const scroller = document.getElementById('phaseSummaryScrollTableDiv');
-      scroller.scrollTop = scroller.scrollHeight;
-    });
-    await settle(page);
-    const lastBox = page.locator(`#checkBox${length - 1}`);
-    assert.equal(await lastBox.isChecked(), true, `${name}: the last row is marked`);
-    await lastBox.uncheck();
-    await settle(page);
+    await scrollTo(page, 'phaseSummaryScrollTableDiv', 1);
+    assert.equal(await page.locator(`#checkBox${length - 1}`).isChecked(), true, `${name}: the last row is marked`);
+    await click(`#checkBox${length - 1}`, false);
     assert.equal(await page.locator('#AllChecked').isChecked(), false, `${name}: the header box clears`);
     await expectTotals([...Array(length - 1).keys()], 'all but the last row');
     assert.deepEqual(errors, [], name);
@@ -190,43 +151,45 @@ test('a phase link of a comparison opens its executions checked, with "NA" for t
       cells: { row0col2: 'NA', row0col6: 'NA', row0col10: 'NA', row0col14: 'NA', row0col18: 'NA' } },
   ];
   for (const { name, phase, cells, totals } of cases) {
-    const { page, errors } = await openReport(browser, name);
+    const { page, errors } = await browser.open(name);
     await page.locator('#aggregateSummaryTable a', { hasText: new RegExp(`^${phase}$`) }).click();
     await settle(page);
     assert.equal(await page.locator('#phasename').inputValue(), phase);
     const rows = await view(page);
     assert.ok(rows.length > 0 && rows.every((r) => r.name == phase && r.checked), `${name}: ${JSON.stringify(rows)}`);
     assert.equal(await page.locator('#AllChecked').isChecked(), true);
-    assert.deepEqual(await windowText(page, Object.keys(cells)), Object.values(cells), `${name} ${phase}`);
-    if (totals) assert.deepEqual(await windowText(page, Object.keys(totals)), Object.values(totals), `${name} totals`);
+    const shown = { ...cells, ...totals };
+    assert.deepEqual(await cellTexts(page, Object.keys(shown)), Object.values(shown), `${name} ${phase}`);
     assert.deepEqual(errors, [], name);
     await page.close();
   }
 });
 
-test('a filter cell without a valid expression is named, and the table keeps its rows', async () => {
-  const { page, errors } = await openDetails('nested_time.html');
-  await refresh(page, { phasename: 'Deep' });
-  const before = await view(page);
-  await refresh(page, { phasename: 'Deep (', Sort_self: '1' });
-  assert.match(await page.locator('#FilterMessage').textContent(), /^Phase: "Deep \(" is not a valid regular expression/);
-  assert.match(await page.locator('#phasename').getAttribute('title'), /not a valid regular expression/);
-  assert.equal(await page.locator('#FilterData').isVisible(), true, 'the filter pane stays open on the cell');
-  assert.deepEqual(await view(page), before);
-  assert.equal(await page.locator('#phaseTD0').textContent(), 'Deep 1(Grouping:Workload)');
-  await refresh(page, { phasename: 'Deep [16]' });
-  assert.equal(await page.locator('#FilterMessage').textContent(), '');
-  assert.deepEqual((await view(page)).map((r) => r.name), ['Deep 1', 'Deep 6']);
-  assert.deepEqual(errors, []);
-});
-
-test('each metric sort cell orders the view by its own field, in every report kind', async () => {
+test('sort cells rank their columns, and each orders the view by its own field, in every report kind', async () => {
+  const byName = (a, b) => (a.name.toLowerCase() < b.name.toLowerCase() ? -1 : a.name.toLowerCase() > b.name.toLowerCase() ? 1 : 0);
+  const hundredths = (v) => Math.round(v * 100);
+  // A repeated rank keeps the later cell, the ranks around a gap still count,
+  // the Exec Order cell is not read.
+  const rankCases = [
+    { cells: { Sort_phasename: '1', Sort_self: '2' },
+      ordered: (a, b) => byName(a, b) < 0 || (byName(a, b) == 0 && hundredths(a.self) >= hundredths(b.self)) },
+    { cells: { Sort_phasename: '1', Sort_self: '1' }, ordered: (a, b) => hundredths(a.self) >= hundredths(b.self) },
+    { cells: { Sort_self: '2' }, ordered: (a, b) => hundredths(a.self) >= hundredths(b.self) },
+    { cells: { Sort_execorder: '1' }, ordered: (a, b) => a.row < b.row },
+  ];
   // Cells whose field is not their id without "Sort_"; the Abs Dev cell of a
   // time comparison names no field and orders nothing.
   const fieldOf = { Sort_self: 'WCSelf', Sort_selfPchild: 'WCElapsed', Sort_WCSelfAbsDev: null };
   for (const name of ['nested_time.html', 'nested_basicmemory.html', 'nested_detailedmemory.html', 'diff_time.html',
                       'diff_basicmemory.html', 'diff_detailedmemory.html']) {
     const { page, errors } = await openDetails(name);
+    for (const { cells, ordered } of name == 'nested_time.html' ? rankCases : []) {
+      await refresh(page, cells);
+      const rows = await view(page);
+      for (let i = 1; i < rows.length; i++) {
+        assert.ok(ordered(rows[i - 1], rows[i]), `${JSON.stringify(cells)}: ${rows[i - 1].name} before ${rows[i].name}`);
+      }
+    }
     const ids = await page.evaluate(() => Array.from(document.querySelectorAll('#SortData table[caption=Time] input, ' +
                                                                              '#SortData table[caption=Memory] input'), (input) => input.id));
     assert.ok(ids.length >= 2, `${name}: ${ids}`);
@@ -237,11 +200,12 @@ test('each metric sort cell orders the view by its own field, in every report ki
       const expected = field ? [...order].sort((a, b) => b - a) : [...order].sort((a, b) => a - b);
       assert.deepEqual(order, expected, `${name}: ${id} orders by ${field}`);
     }
+    if (name == 'diff_detailedmemory.html') {
+      const names = await page.evaluate(() => ['Sort_LHS_Free', 'Sort_FreeAbsDev', 'Sort_NonProcessRelDev'].map(
+        (id) => document.getElementById(id).name));
+      assert.deepEqual(names, ['Sort_LHS_free', 'Sort_AbsDev_free', 'Sort_RelDev_os']);
+    }
     assert.deepEqual(errors, [], name);
     await page.close();
   }
-  const { page } = await openDetails('diff_detailedmemory.html');
-  const names = await page.evaluate(() => ['Sort_LHS_Free', 'Sort_FreeAbsDev', 'Sort_NonProcessRelDev'].map(
-    (id) => document.getElementById(id).name));
-  assert.deepEqual(names, ['Sort_LHS_free', 'Sort_AbsDev_free', 'Sort_RelDev_os']);
 });

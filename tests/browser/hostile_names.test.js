@@ -1,10 +1,12 @@
 // Phase names and labels made of markup, quotes, backslashes and percent signs:
-// the reports show them as text, run none of them, and the links of a
-// comparison pass the exact name on.
+// the reports show them as text, run none of them, and the links pass the
+// exact name on.
 'use strict';
-const { test, before, after } = require('node:test');
+const { test } = require('node:test');
 const assert = require('node:assert/strict');
-const { launchBrowser, openReport, settle } = require('./chromium');
+const { browserForTests, settle } = require('./chromium');
+
+const browser = browserForTests();
 
 const NAMES = [
   '<img src=x onerror="window.injected = 1">',
@@ -14,42 +16,51 @@ const NAMES = [
   '<!--<script>window.injected = 3;',
 ];
 
-let browser;
-before(async () => { browser = await launchBrowser(); });
-after(async () => { if (browser) await browser.close(); });
+const notRun = async (page) => assert.equal(await page.evaluate(() => typeof window.injected), 'undefined');
 
-function shownNames(page) {
-  return page.evaluate(() => Array.from(document.querySelectorAll('#aggregateSummaryTable td[id$="col0"]'))
-    .map((cell) => cell.textContent));
-}
+test('names with markup are shown as text in the aggregate table, before and after sorting', async () => {
+  for (const name of ['aggregate_hostile_names.html', 'detail_hostile_names.html']) {
+    const { page, errors } = await browser.open(name);
+    for (const round of ['as loaded', 'sorted']) {
+      const shown = await page.evaluate(() => Array.from(document.querySelectorAll('#aggregateSummaryTable td[id$="col0"]'),
+                                                         (cell) => cell.textContent));
+      for (const phase of NAMES) assert.ok(shown.includes(phase), `${name} ${round}: ${JSON.stringify(phase)}`);
+      await page.locator('#aggregateSummaryTableFirstRow span', { hasText: 'Phase' }).click();
+      await settle(page);
+    }
+    assert.equal(await page.locator('#aggregateSummaryTable img').count(), 0);
+    await notRun(page);
+    assert.deepEqual(errors, []);
+    await page.close();
+  }
+});
 
-test('names with markup are shown as text in the aggregate table', async () => {
-  const { page, errors } = await openReport(browser, 'aggregate_hostile_names.html');
-  const names = await shownNames(page);
-  for (const name of NAMES) assert.ok(names.includes(name), `${JSON.stringify(name)} in ${JSON.stringify(names)}`);
-  assert.equal(await page.locator('#aggregateSummaryTable img').count(), 0);
-  await page.locator('#aggregateSummaryTableFirstRow span', { hasText: 'Phase' }).click();
+test('names with markup are shown as text in the Call Tree and Details tabs', async () => {
+  const { page, errors } = await browser.openTab('detail_hostile_names.html', 'Call Tree');
+  const treeText = await page.locator('#callTreeSummaryTable').innerText();
+  assert.ok(treeText.includes('<img src=x'), treeText);
+  await page.locator('#callTreeSummaryTable a', { hasText: 'quoted' }).click();
   await settle(page);
-  const sorted = await shownNames(page);
-  for (const name of NAMES) assert.ok(sorted.includes(name), `${JSON.stringify(name)} after sorting`);
-  assert.equal(await page.evaluate(() => typeof window.injected), 'undefined');
+  assert.match(await page.locator('#phaseTD0').textContent(), /^it's "quoted" back/);
+  await page.locator('#userInputs input[value=Refresh]').click();
+  await settle(page);
+  assert.ok((await page.locator('#phaseSummaryTable').innerText()).includes('</script><script>'));
+  await notRun(page);
   assert.deepEqual(errors, []);
 });
 
 test('a phase link of a comparison passes the exact name on', async () => {
-  const { page, errors } = await openReport(browser, 'diff_hostile_names.html');
+  const { page, errors } = await browser.open('diff_hostile_names.html');
   // Stand in for the detail view: note what the link asks for.
   await page.evaluate(() => { window.openDetailTab = (name) => { window.openedPhase = name; }; });
   for (const name of NAMES) {
     await page.evaluate(() => { window.openedPhase = undefined; });
-    const link = page.locator('#aggregateSummaryTable td[id$="col0"] a').filter({ hasText: name }).first();
-    await link.click();
+    await page.locator('#aggregateSummaryTable td[id$="col0"] a').filter({ hasText: name }).first().click();
     await settle(page);
     assert.equal(await page.evaluate(() => window.openedPhase), name);
   }
   const heads = await page.locator('#aggregateSummaryTableLastHeaderRow').innerText();
-  assert.match(heads, /<b>left<\/b>/);
-  assert.match(heads, /right's/);
-  assert.equal(await page.evaluate(() => typeof window.injected), 'undefined');
+  assert.match(heads, /<b>left<\/b>[^]*right's/);
+  await notRun(page);
   assert.deepEqual(errors, []);
 });

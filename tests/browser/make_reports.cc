@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,17 +34,17 @@ const char* const kHostileNames[] = {
     "<!--<script>window.injected = 3;",
 };
 
-// A run with many distinct phases: "Phase 000" ... with growing times, and an
-// outer phase that holds them all.
-RawPointVector manyPhases(int count, bool detailed) {
+// A run of `count` phase executions, named "Step 000" ... (repeating after
+// `names`), with times that vary from one execution to the next.
+RawPointVector manyPhases(int count, int names, bool detailed) {
   tgreport::RunBuilder run(detailed);
-  run.open("All phases");
+  std::uint32_t state = 12345;
   for (int i = 0; i < count; ++i) {
     char name[32];
-    std::snprintf(name, sizeof name, "Phase %03d", i);
-    run.phase(name, 0.01 * (i + 1));
+    std::snprintf(name, sizeof name, "Step %03d", i % names);
+    state = state * 1664525u + 1013904223u;
+    run.phase(name, 0.05 * static_cast<double>(state >> 16) / 65536.0);
   }
-  run.close("All phases", 0.05);
   return run.take();
 }
 
@@ -117,29 +118,15 @@ RawPointVector nestedRun(bool detailed) {
   return run.take();
 }
 
-// The traces of the table benchmarks: executions of a hundred phases in turn,
-// with times that vary from one execution to the next; a call tree of
-// `branches` chains `depth` levels deep; and one of `width` siblings with a
-// child each.
-RawPointVector manyExecutions(int executions) {
+// The call trees of the table benchmarks: `branches` chains `depth` levels
+// deep under one root.
+RawPointVector chains(int branches, int depth) {
   tgreport::RunBuilder run(false);
-  std::uint32_t state = 12345;
-  for (int i = 0; i < executions; ++i) {
-    char name[32];
-    std::snprintf(name, sizeof name, "Step %03d", i % 100);
-    state = state * 1664525u + 1013904223u;
-    run.phase(name, 0.001 * static_cast<double>(state >> 16) / 65536.0 * 50.0);
-  }
-  return run.take();
-}
-
-RawPointVector deepTree(int branches, int depth) {
-  tgreport::RunBuilder run(false);
-  run.open("Deep root");
+  run.open("Root");
   for (int b = 0; b < branches; ++b) {
     std::vector<std::string> names;
     char name[32];
-    std::snprintf(name, sizeof name, "Branch %03d", b);
+    std::snprintf(name, sizeof name, "Branch %05d", b);
     names.emplace_back(name);
     for (int level = 1; level < depth; ++level) {
       std::snprintf(name, sizeof name, "Level %04d", level);
@@ -148,21 +135,7 @@ RawPointVector deepTree(int branches, int depth) {
     for (const auto& n : names) run.open(n);
     for (auto it = names.rbegin(); it != names.rend(); ++it) run.close(*it, 0.00001);
   }
-  run.close("Deep root", 0.0);
-  return run.take();
-}
-
-RawPointVector wideTree(int width) {
-  tgreport::RunBuilder run(false);
-  run.open("Wide root");
-  for (int i = 0; i < width; ++i) {
-    char name[32];
-    std::snprintf(name, sizeof name, "Child %05d", i);
-    run.open(name);
-    run.phase("Leaf", 0.00001);
-    run.close(name, 0.00001);
-  }
-  run.close("Wide root", 0.0);
+  run.close("Root", 0.0);
   return run.take();
 }
 
@@ -189,89 +162,96 @@ RawPointVector hostileRun() {
   return run.take();
 }
 
-int writeReports(const fs::path& dir) {
+using Run = std::function<RawPointVector()>;
+
+// One page: a report of one run (no `rhs`) or a comparison, with or without
+// its detail views.
+struct Page {
+  std::string name;
+  std::string metric;
+  bool aggregateOnly;
+  Run lhs;
+  Run rhs = {};
+  std::string lhsLabel = "Before";
+  std::string rhsLabel = "After";
+  bool twoRecords = true;  // each run with a record of its own
+};
+
+bool writePage(const fs::path& dir, const Page& page) {
+  static const auto record = recordNamed("Test CPU <model> \"X\"");
+  static const auto lhsRecord = recordNamed("Left CPU");
+  static const auto rhsRecord = recordNamed("Right CPU");
   TempoGauge* store = TempoGauge::instance();
+  const std::string file = (dir / page.name).string();
+  RawPointVector lhs = page.lhs();
+  if (!page.rhs) {
+    const auto write = page.aggregateOnly ? writeAggregateReport : writeDetailReport;
+    return write(store, file, "Workload", "Workload", page.metric, false, &lhs, &record);
+  }
+  RawPointVector rhs = page.rhs();
+  const auto write = page.aggregateOnly ? writeAggregateDifferenceReport : writeDifferenceReport;
+  return write(store, file, "Workload", page.lhsLabel, page.rhsLabel, &lhs, &rhs,
+               page.twoRecords ? &lhsRecord : &record, page.twoRecords ? &rhsRecord : &record, page.metric);
+}
+
+// Writes the pages and lists them in DIR/index.txt, each failed one marked.
+int writePages(const fs::path& dir, const std::vector<Page>& pages) {
   std::ofstream index(dir / "index.txt");
   bool ok = true;
-  const auto note = [&](const std::string& name, bool written) {
-    index << name << (written ? "" : " FAILED") << "\n";
-    if (!written) std::fprintf(stderr, "tg_make_reports: %s was not written\n", name.c_str());
+  for (const Page& page : pages) {
+    const bool written = writePage(dir, page);
+    index << page.name << (written ? "" : " FAILED") << "\n";
+    if (!written) std::fprintf(stderr, "tg_make_reports: %s was not written\n", page.name.c_str());
     ok = ok && written;
-  };
-  const auto record = recordNamed("Test CPU <model> \"X\"");
-  const auto lhsRecord = recordNamed("Left CPU");
-  const auto rhsRecord = recordNamed("Right CPU");
-  const auto single = [&](const std::string& name, bool aggregateOnly, const std::string& metric, RawPointVector raw) {
-    const auto write = aggregateOnly ? writeAggregateReport : writeDetailReport;
-    note(name, write(store, (dir / name).string(), "Workload", "Workload", metric, false, &raw, &record));
-  };
-  const auto comparison = [&](const std::string& name, bool aggregateOnly, const std::string& metric,
-                              RawPointVector lhs, RawPointVector rhs, std::string_view lhsLabel,
-                              std::string_view rhsLabel, bool twoRecords) {
-    const auto write = aggregateOnly ? writeAggregateDifferenceReport : writeDifferenceReport;
-    note(name, write(store, (dir / name).string(), "Workload", lhsLabel, rhsLabel, &lhs, &rhs,
-                     twoRecords ? &lhsRecord : &record, twoRecords ? &rhsRecord : &record, metric));
-  };
+  }
+  return ok ? 0 : 1;
+}
+
+int writeReports(const fs::path& dir) {
+  const auto compared = [](bool right, bool detailed) { return [=] { return comparedRun(right, detailed); }; };
+  std::vector<Page> pages;
   for (const std::string metric : {"time", "basicmemory", "detailedmemory"}) {
-    single("aggregate_" + metric + ".html", true, metric, manyPhases(150, true));
-    single("detail_" + metric + ".html", false, metric, manyPhases(40, true));
-    comparison("aggdiff_" + metric + ".html", true, metric, comparedRun(false, true), comparedRun(true, true),
-               "Before <run>", "After", true);
-    comparison("diff_" + metric + ".html", false, metric, comparedRun(false, true), comparedRun(true, true), "Before",
-               "After", true);
+    pages.push_back({"aggregate_" + metric + ".html", metric, true, [] { return manyPhases(150, 150, true); }});
+    pages.push_back({"detail_" + metric + ".html", metric, false, [] { return manyPhases(40, 40, true); }});
+    pages.push_back({"nested_" + metric + ".html", metric, false, [] { return nestedRun(true); }});
+    pages.push_back({"aggdiff_" + metric + ".html", metric, true, compared(false, true), compared(true, true),
+                     "Before <run>"});
+    pages.push_back({"diff_" + metric + ".html", metric, false, compared(false, true), compared(true, true)});
   }
   // A metric word without columns of its own still gives working pages.
-  single("aggregate_unknown_metric.html", true, "cycles", manyPhases(50, false));
-  comparison("aggdiff_unknown_metric.html", true, "cycles", comparedRun(false, false), comparedRun(true, false),
-             "Before", "After", false);
-  single("memchart.html", false, "detailedmemory", chartRun(300, 1.0));
-  comparison("diffchart.html", false, "detailedmemory", chartRun(300, 1.0, "Only left", 100),
-             chartRun(300, 1.25, "Only right", 200), "Before", "After", true);
+  pages.push_back({"aggregate_unknown_metric.html", "cycles", true, [] { return manyPhases(50, 50, false); }});
+  pages.push_back({"aggdiff_unknown_metric.html", "cycles", true, compared(false, false), compared(true, false),
+                   "Before", "After", false});
+  pages.push_back({"memchart.html", "detailedmemory", false, [] { return chartRun(300, 1.0); }});
+  pages.push_back({"diffchart.html", "detailedmemory", false, [] { return chartRun(300, 1.0, "Only left", 100); },
+                   [] { return chartRun(300, 1.25, "Only right", 200); }});
+  pages.push_back({"detail_hostile_names.html", "time", false, hostileRun});
+  pages.push_back({"aggregate_hostile_names.html", "time", true, hostileRun});
+  pages.push_back({"diff_hostile_names.html", "time", false, hostileRun, hostileRun, "<b>left</b>", "right's", false});
   // The chart's notice for a trace without detailed statistics, in a page of
   // its own (not in the index: it has no views), since the drivers write the
   // page of the missing detail instead.
-  std::ofstream(dir / "memchart_notice.html")
-      << "<html><body></body></html>\n" << writeMemChartMarkup(false) << [] {
-           std::string script;
-           writeMemChartScript(script, false);
-           return script;
-         }();
-  for (const std::string metric : {"time", "basicmemory", "detailedmemory"}) {
-    single("nested_" + metric + ".html", false, metric, nestedRun(true));
-  }
-  single("detail_hostile_names.html", false, "time", hostileRun());
-  single("aggregate_hostile_names.html", true, "time", hostileRun());
-  comparison("diff_hostile_names.html", false, "time", hostileRun(), hostileRun(), "<b>left</b>", "right's", false);
-  return ok ? 0 : 1;
+  std::string notice = "<html><body></body></html>\n" + writeMemChartMarkup(false);
+  writeMemChartScript(notice, false);
+  std::ofstream(dir / "memchart_notice.html") << notice;
+  return writePages(dir, pages);
 }
 
 // The pages of the chart benchmarks: one run of `count` executions, and two
-// runs of `count / 2` each, of a hundred phases in turn.
+// runs of `count / 2` each, of a hundred phases in turn; and of the table
+// benchmarks: a detail report of a million raw points and the call trees of
+// 100 000 nodes, one deep and one wide.
 int writeBenchReports(const fs::path& dir, int count) {
-  TempoGauge* store = TempoGauge::instance();
-  const auto record = recordNamed("Bench CPU");
-  RawPointVector single = chartRun(count, 1.0, "", 0, 100);
-  RawPointVector lhs = chartRun(count / 2, 1.0, "Only left", count / 6, 100);
-  RawPointVector rhs = chartRun(count / 2, 1.25, "Only right", count / 3, 100);
-  const bool ok =
-      writeDetailReport(store, (dir / "memchart.html").string(), "Workload", "Workload", "detailedmemory", false,
-                        &single, &record) &&
-      writeDifferenceReport(store, (dir / "diffchart.html").string(), "Workload", "Before", "After", &lhs, &rhs,
-                            &record, &record, "detailedmemory");
-  return ok ? 0 : 1;
+  return writePages(dir, {{"memchart.html", "detailedmemory", false, [=] { return chartRun(count, 1.0, "", 0, 100); }},
+                          {"diffchart.html", "detailedmemory", false,
+                           [=] { return chartRun(count / 2, 1.0, "Only left", count / 6, 100); },
+                           [=] { return chartRun(count / 2, 1.25, "Only right", count / 3, 100); }}});
 }
 
-// The pages of the table benchmarks: a detail report of a million raw points
-// and the call trees of 100 000 nodes, one deep and one wide.
 int writeTableBenchReports(const fs::path& dir) {
-  TempoGauge* store = TempoGauge::instance();
-  const auto record = recordNamed("Bench CPU");
-  const auto write = [&](const char* name, RawPointVector raw) {
-    return writeDetailReport(store, (dir / name).string(), "Workload", "Workload", "time", false, &raw, &record);
-  };
-  const bool ok = write("details_1m.html", manyExecutions(500000)) && write("tree_deep.html", deepTree(100, 1000)) &&
-                  write("tree_wide.html", wideTree(50000));
-  return ok ? 0 : 1;
+  return writePages(dir, {{"details_1m.html", "time", false, [] { return manyPhases(500000, 100, false); }},
+                          {"tree_deep.html", "time", false, [] { return chains(100, 1000); }},
+                          {"tree_wide.html", "time", false, [] { return chains(50000, 2); }}});
 }
 
 int writeScriptVariants(const fs::path& dir) {
