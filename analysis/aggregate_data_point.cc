@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "analysis/aggregate_data_point.h"
 
 #include <algorithm>

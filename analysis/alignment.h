@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Alignment of two runs, row by row: processed points by their comparison key,
 // aggregates by their cleaned phase name. A phase that exists in one run only
 // costs one row and doesn't shift the rest.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Longest-common-subsequence alignment of two key sequences, in the row order
 // of the classic table walk-back: a match is taken wherever the keys at the
 // current corner are equal; otherwise the walk drops the RHS element when that

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The merged call tree: linking by phase number, shape signatures, and the
 // merging of like siblings.
 #include "analysis/call_tree.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Deviation of one value pair of a comparison: absolute, relative in percent,
 // and the colour band class that the report's cells take.
 #pragma once

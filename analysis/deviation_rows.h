@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Deviations of one aligned row of a comparison, per metric: the value pairs
 // that the report's deviation columns show, in column order.
 #pragma once

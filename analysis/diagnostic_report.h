@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The diagnostic report: a plain HTML table of the raw points of one grouping,
 // start and stop rows alike, with the rows of broken phases in red, so that the
 // first mismatch can be found by eye. It runs its own walk, because it must go

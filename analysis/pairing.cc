@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Pairing entry points: the walks by grouping and by model, the result as the
 // reports and the host see it, and the exports.
 #include "analysis/pairing.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Phase pairing: one walk over the time-ordered raw points pairs each stop with
 // the start on top of a stack of open phases, numbers the phases hierarchically
 // and fills unexplained time with synthetic gap phases.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Synthetic gap phases: a start/stop pair for time between two points at one
 // level of the call tree that no phase accounts for.
 #pragma once

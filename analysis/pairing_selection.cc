@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Which raw points a walk sees: by grouping names or by model names.
 #include <algorithm>
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The pairing walk. It reads the raw vector once, front to back, and writes a
 // new vector with the gap pairs in place: a gap pair goes on a small stack of
 // pending points that are walked before the input continues, exactly as if it

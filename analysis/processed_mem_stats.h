@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Part of the public interface: declared in include/tempogauge/analysis/processed_mem_stats.h.
 #pragma once
 

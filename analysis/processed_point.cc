@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Construction, identity and keys of the processed points.
 #include "analysis/processed_point.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Processed points as host arrays: a cell row and a scalar struct.
 #include "analysis/processed_point.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The data arrays of a report: the script text that carries all numbers and
 // names into the page. Each emitter returns a string; the report drivers write
 // them into the page's script element in their order. Numbers are written by

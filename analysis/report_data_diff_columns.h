@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The metric columns that end the struct declaration of a comparison table
 // (aggregate or detail), with the text that closes the declaration.
 #pragma once

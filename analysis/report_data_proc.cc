@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "analysis/report_data.h"
 #include "analysis/report_data_text.h"
 #include "collect/constants.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Pieces shared by the report data emitters.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "analysis/trace_event_export.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Pairing, aggregate table and call tree on long traces: 1 000 000 and
 // 2 000 000 raw points with nesting up to depth 6, a gap every few phases, and
 // loops that repeat subtrees.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Browser benchmark of the detail and call tree tables: pages written by
 // tg_make_reports bench-tables (a detail report of a million raw points, call
 // trees of 100 000 nodes deep and wide), opened in Chromium. Prints the median

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Browser benchmark of the memory charts: a chart of one run of 100 000 phase
 // executions and a comparison of two runs of 50 000 each, opened in Chromium.
 // Prints the time to the first drawn chart (the chart's build and drawing at

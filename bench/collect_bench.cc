@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Costs of the logging path: a call whose grouping is off, a stored point with
 // the basic memory sample and with the detailed walk, and the floor that a
 // stored point can't go below (its clock reads and memory read, done bare).

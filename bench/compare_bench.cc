@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Comparison and report data: aligning two long runs that differ in 1% of their
 // rows (time and peak memory), and writing procData for a million points.
 #include <benchmark/benchmark.h>

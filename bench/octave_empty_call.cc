@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // An oct-file function that does nothing: the yardstick against which the
 // cost of a GaugeKit.Tracer.logORRERYData call from Octave is measured.
 #include <octave/oct.h>

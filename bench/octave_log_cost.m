@@ -1,3 +1,4 @@
+## SPDX-License-Identifier: BSD-3-Clause
 ## Cost of logging from Octave: a GaugeKit.Tracer.logORRERYData call that
 ## stores a point, against an empty oct-file function called with the same
 ## arguments, in one Octave run. Rounds of both alternate so that the load

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Writing a detail report of a large trace: pairing, aggregate table, call
 // tree and the page itself, for one million raw points.
 #include <benchmark/benchmark.h>

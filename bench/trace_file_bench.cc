@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Saved trace files: saving and loading 100 000 raw points (a mix of the
 // three classes, with memory figures), and the size of the file.
 #include <benchmark/benchmark.h>

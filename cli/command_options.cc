@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Options and helpers shared by the subcommands.
 #include "cli/command_options.h"
 

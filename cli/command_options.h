@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What the subcommands of the tempogauge command share: their failures that
 // are not message IDs, and the options that several of them take.
 #pragma once

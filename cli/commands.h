@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The subcommands of the tempogauge command. Each adds itself to the
 // command's parser; its callback does the work once the command line has
 // been read. Failures of the tracer travel out as exceptions (message IDs)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The demo subcommand: runs the instrumented workload in two variants, saves
 // both traces, writes every report kind for each metric that has data and a
 // diagnostic report, and says which report to open first.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The demo's closing guide.
 #include "cli/demo_guide.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What the demo prints once its reports are written: which report to open
 // first and what it shows, worked out from the figures of the two runs.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The instrumented demonstration workload.
 //
 // Each leaf phase repeats a small unit of real work (a few milliseconds)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The demonstration's workload: a small simulation pipeline of nested,
 // instrumented phases that compute and allocate for real. Its two variants
 // differ in ways every report kind shows: one phase takes more than twice as

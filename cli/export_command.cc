@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The export subcommand: a saved run in the Trace Event Format (JSON), for
 // the trace viewers that read it.
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The progress line.
 #include "cli/progress.h"
 

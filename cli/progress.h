@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Progress of long work, shown on one line of the terminal when standard
 // error is one; silent otherwise, so that logs and pipes stay clean.
 #pragma once

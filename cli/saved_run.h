@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A saved run read for the commands that work on its phases rather than
 // write a report: its raw points paired for a grouping, and its system
 // information.

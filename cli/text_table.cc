@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Printing of aligned text tables.
 #include "cli/text_table.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A plain text table with aligned columns: text columns to the left,
 // numbers to the right.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Calls of GaugeKit.Tracer methods from the command.
 #include "cli/tracer_call.h"
 

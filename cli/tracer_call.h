@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // How the tempogauge command reaches the tracer: the methods of
 // GaugeKit.Tracer, found by name in the class registry and called with host
 // arrays, exactly as the scripting hosts call them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/address_region_reader.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Lists the mappings of the process's address space in address order.
 //
 // Where the kernel answers region queries on /proc/self/maps (the

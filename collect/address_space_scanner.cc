@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/address_space_scanner.h"
 
 #include <algorithm>

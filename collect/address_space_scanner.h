@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Walks the process's address space (one pass over its mappings) and sums
 // committed, reserved, free and module regions.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Clearing raw points. The five clears differ in what they match and in what
 // else they reset; none of them touches the groupings or the switches.
 #include <algorithm>

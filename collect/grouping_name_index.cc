@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/grouping_name_index.h"
 
 #include <functional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Name-to-id index of the groupings that have been switched, readable without
 // a lock. The disabled log path uses it to find a grouping named by the
 // caller while another thread may be adding groupings. Entries are only ever

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/grouping_state_array.h"
 
 #include <new>

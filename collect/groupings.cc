@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Groupings: the tree of named switches, their three-valued states, and the
 // table from model to statistics type.
 //

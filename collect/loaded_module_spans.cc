@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/loaded_module_spans.h"
 
 #include <link.h>

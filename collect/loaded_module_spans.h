@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Address ranges of the objects the dynamic loader has loaded (the program
 // and its shared libraries), for telling module mappings from others.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The logging path: the gate, the points and their samples.
 //
 // The gate (switch test and grouping state) reads only atomics and takes no

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/mem_stats.h"
 
 #include "collect/constants.h"

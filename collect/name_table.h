@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A bidirectional table between names and dense ids (0, 1, 2, ... in order of
 // first sight). Names compare as bytes.
 #pragma once

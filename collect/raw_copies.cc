@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Getting sets of raw points out of the store: deep copies for analysis, and
 // shallow selections by grouping.
 #include "collect/tempo_gauge.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Raw points as rows of host cells, and back. The row is the wire format of
 // saved traces, so its column order is fixed; reading is tolerant and never
 // fails: a wrong cell gives a default.

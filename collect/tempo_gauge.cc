@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The store's life and its name tables.
 #include "collect/tempo_gauge.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The store, with its internal parts complete: the name tables and the index
 // of switched groupings. The class is declared in the public headers
 // (include/tempogauge/collect/tempo_gauge.h).

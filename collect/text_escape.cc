@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "collect/text_escape.h"
 
 void appendScriptString(std::string& out, std::string_view text) {

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Escaping of user text (phase, grouping, model, target, machine and chart
 // names, labels, system information) for the place in a report where it lands,
 // so that no name can break a report or run script in it. A name made of

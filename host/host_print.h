@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The module's only console output. Goes to the host bridge's printer when a
 // host is attached, else to standard output.
 #pragma once

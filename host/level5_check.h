@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Reading and checking whole level-5 data files. A damaged file can claim
 // more elements, fields or nesting than its bytes hold; such a file is
 // refused as a whole, so that no reader spends unbounded time or memory on

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The building blocks of level-5 data files: element types, array classes,
 // and a bounds-checked reader of tagged elements in a byte buffer, for
 // either byte order.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Host arrays as the array elements of level-5 data files.
 #pragma once
 

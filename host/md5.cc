@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "host/md5.h"
 
 #include <md5.h>

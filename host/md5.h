@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A running MD5 checksum over libmd. Measured on this machine for a 4-byte
 // input, libmd's MD5 takes about 96 ns per digest against about 290 ns for
 // OpenSSL's EVP interface (whose context set-up dominates such short inputs),

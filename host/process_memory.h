@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The process's memory counters, read cheaply enough for every logged point:
 // one pread of a kept-open /proc/self/statm and one getrusage call.
 #pragma once

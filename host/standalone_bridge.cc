@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "host/standalone_bridge.h"
 
 #include <dlfcn.h>

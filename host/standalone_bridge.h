@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The bridge used when no host is attached: answers the few host functions
 // the module asks for from the operating system and the build.
 //

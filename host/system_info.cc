@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "host/system_info.h"
 
 #include <sys/sysinfo.h>

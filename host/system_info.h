@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Facts about this machine from the operating system.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // UTF-8 text to UTF-16 code units and back: the host's data files hold
 // characters as UTF-16, the module's strings are UTF-8.
 #pragma once

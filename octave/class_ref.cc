@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The GaugeKit.Tracer value.
 #include "octave/class_ref.h"
 

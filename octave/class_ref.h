@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The value that GaugeKit.Tracer stands for once the package has been
 // indexed: indexing it calls the class's methods. It reports itself as a
 // class too, so that function handles such as @GaugeKit.Tracer.enable reach

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Writes the Octave class file of GaugeKit.Tracer from the class registry:
 // one static method per visible method info, each forwarding to the
 // function GaugeKit. Octave lists the methods of the class from this file;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The Octave function GaugeKit. Without arguments it gives the package value
 // whose indexing calls the members (GaugeKit.Tracer.<method>(...)); with a
 // member path and arguments it calls that member directly, which is how the

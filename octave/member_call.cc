@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dispatch of GaugeKit members through the class registry.
 #include "octave/member_call.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Calls a member of the package GaugeKit from Octave: a method of
 // GaugeKit.Tracer or a package-level function, found by name in the class
 // registry. Octave values become host arrays on the way in and come back as

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Display and indexing shared by the GaugeKit and GaugeKit.Tracer values.
 #include "octave/member_chain_ref.h"
 

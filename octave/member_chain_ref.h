@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A value that stands for a name of the GaugeKit namespace in Octave: the
 // package itself or one of its classes. Indexing it reaches the registry's
 // members below that name in one step: the value reports itself as an object,

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The member chains below GaugeKit and GaugeKit.Tracer.
 #include "octave/member_index.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Indexing that reaches the members of GaugeKit: the chain of indices after
 // the package (".Tracer.<method>(args)..." or ".<function>(args)...") or
 // after the class (".<method>(args)..."), as Octave hands it to subsref.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Host calls answered by the running Octave interpreter.
 #include "octave/octave_bridge.h"
 

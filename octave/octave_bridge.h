@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The host bridge of the Octave adapter: the module's questions to its host
 // are answered by the running Octave interpreter, and its console output goes
 // to Octave's.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Octave values to host arrays and back.
 #include "octave/octave_values.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Conversion between Octave values and host arrays, used at the boundary of
 // the Octave adapter only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // GaugeKit as a package-like function object.
 #include "octave/package_function.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The function object that the name GaugeKit resolves to once the adapter is
 // loaded. It acts as a package: a '.' chain written after the name indexes
 // the package value that it gives when called without input, and function

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The GaugeKit value.
 #include "octave/package_ref.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The value that the name GaugeKit stands for in Octave. Indexing it, as in
 // GaugeKit.Tracer.enable("g", true) or GaugeKit.cwsvStringTableDoGarbageCollection(),
 // reaches the registry in one step.

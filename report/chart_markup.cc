@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/chart_markup.h"
 
 #include "report/document_fragments.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The page elements of the memory charts: a script element that tests for
 // canvas support and writes the chart's elements, or the notice of a trace
 // without detailed memory statistics.

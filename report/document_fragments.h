@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Fixed text of the report documents that stands between the pieces.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The filter and sort forms beneath the detail and call tree tables: text
 // cells for a regular expression per name attribute, and sort cells that take
 // the rank of their column.

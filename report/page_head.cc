@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/page_head.h"
 
 #include "collect/constants.h"

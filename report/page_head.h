@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The head element of every report: meta line, title and the style sheet.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The script and style text of the reports, embedded at build time from
 // report/assets (see scripts/embed_assets.cmake).
 #pragma once

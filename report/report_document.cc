@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/report_document.h"
 
 #include "collect/constants.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The steps that every report document takes, whatever its views: the
 // opening up to the header table, the end of the body, the script elements of
 // the library and the tab and aggregate scripts. Each driver calls them in its

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What the drivers share: the analysis of a run, the pages that stand in for
 // a report, titles and system information.
 #pragma once

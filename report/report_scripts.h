@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The script pieces of a report that this module writes: the sort block, the
 // common script library with the forms, the tab switching script and the
 // aggregate, detail and call tree tables.

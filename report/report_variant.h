@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The variant of a report: which metric it shows and which kind it is. It
 // selects the lines of script and style text that the report carries.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/system_info_table.h"
 
 #include <string_view>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The "System Info" view: the system information record of one run, or of
 // both runs side by side. The record's text is escaped for HTML.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/tab_bars.h"
 
 #include "collect/constants.h"

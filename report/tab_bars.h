@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The header table with one tab bar per view of the report; one bar is
 // visible at a time and its own tab is shown as selected.
 #pragma once

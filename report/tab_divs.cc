@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "report/tab_divs.h"
 
 #include "report/filter_forms.h"

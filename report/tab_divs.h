@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The div elements of the views and the scrollers beside their tables.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Selects the lines of an embedded script or style asset that belong to one
 // report variant.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Handlers of the data methods: clearing raw points, and the raw and
 // processed points as host arrays.
 #include <memory>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Handlers of the saved trace files: save all points, save the start-up
 // points, load a file into the store.
 #include <memory>

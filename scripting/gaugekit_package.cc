@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Registration of the package GaugeKit and its class Tracer with the class
 // system, and the package-level functions.
 #include "scripting/gaugekit_package.h"

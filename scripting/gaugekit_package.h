@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The package GaugeKit and its class Tracer, as handed to the class system,
 // and the module's registration entry points.
 #pragma once

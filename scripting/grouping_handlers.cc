@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Handlers of the grouping methods and of the statistics type of a model.
 #include "scripting/errors.h"
 #include "scripting/handler_args.h"

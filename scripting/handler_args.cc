@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Input checks and conversions shared by the method handlers.
 #include "scripting/handler_args.h"
 

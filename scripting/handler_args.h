@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The checks and conversions that the method handlers of GaugeKit.Tracer
 // apply to their host-array inputs, and the way they return a result.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Handlers of the logging methods: every text input must be a char row and
 // the start flag a logical scalar, checked first to last before anything is
 // converted. The core's boolean result is dropped.

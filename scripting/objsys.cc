@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The class system's registry of packages and classes, and the checked call.
 #include "scripting/objsys.h"
 

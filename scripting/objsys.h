@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The class system that hosts reach the scripting interface through: packages,
 // classes, method infos with declared signatures, and package-level functions.
 // A host finds a method by package, class and name, and calls its invoke with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Handlers of the report methods: reports of one run (detail, aggregate,
 // start-up, diagnostic) and of two runs (difference, aggregate difference,
 // start-up difference).

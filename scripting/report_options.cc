@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Reading of the report methods' name/value options.
 #include "scripting/report_options.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The name/value options of the report methods, checked in the fixed order
 // each method has: the input count against its bounds, the parity, then
 // each pair in turn. The first fault raises its message ID.

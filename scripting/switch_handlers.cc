@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Handlers of the switches: global logging, detailed memory statistics, the
 // start-up grouping, one grouping ("enable"), and the hidden switch of
 // detailed exception diagnostics. Each returns the value it was given.

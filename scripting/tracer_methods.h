@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The method infos of GaugeKit.Tracer: one class per method, all static, each
 // with its declared signature. What each invoke does lives in the handler
 // files (log_handlers.cc, switch_handlers.cc, ...).

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: BSD-3-Clause
 # Writes OUT, a C++ source that holds each file of INPUTS as a string constant
 # named after the file (dots and dashes become underscores), plus a lookup table.
 set(body "// Generated from report/assets; do not edit.\n#include <string_view>\n#include <utility>\n\nnamespace tg::assets {\n")

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "store/raw_points_array.h"
 
 #include <memory>

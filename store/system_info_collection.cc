@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 #include "store/system_info_collection.h"
 
 #include <memory>

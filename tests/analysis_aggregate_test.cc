@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The aggregate table: sums, self values through "_self" gaps, maxima.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The merged call tree: signatures, linking by number, merging of like loops.
 #include <gtest/gtest.h>
 

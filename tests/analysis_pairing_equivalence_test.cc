@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The pairing walk against the plain walk of the tests, on many random traces:
 // identical processed points, totals, flags, maps and walked vectors.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Pairing: numbering, gaps, totals, mismatches and selection.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Processed points: memory records, host forms, identity and detail rows.
 #include <gtest/gtest.h>
 

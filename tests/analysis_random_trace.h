@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Random raw traces for the comparison of the pairing walk with the plain one:
 // random nesting of all three point kinds over several groupings and models,
 // intervals around the gap threshold, missing samples, wrong and missing

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A plain, direct pairing walk for the tests: index over the vector, gap pairs
 // inserted into the middle of it, a hash map from raw point to processed
 // point. The product's walk must give identical results on any trace.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Builds raw traces for the analysis tests and benchmarks: points of the three
 // kinds with names interned in the store, and a clock that the caller moves.
 #pragma once

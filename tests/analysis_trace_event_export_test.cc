@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The Trace Event export as a JSON reader sees it: complete events with exact
 // times, nesting kept after rounding, memory counters in time order, the
 // machine's description, odd names intact; unpaired runs and unwritable files

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Clearing raw points and reading them out: what each clear removes, keeps
 // and resets, and copies that are independent of the store.
 #include <functional>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Groupings: the tree, its three-valued states, conflict texts and list order.
 #include "collect_store_reset.h"
 

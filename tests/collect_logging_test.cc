@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Logging: the gate, the points each export stores, and several threads at once.
 #include <atomic>
 #include <chrono>

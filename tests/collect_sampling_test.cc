@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Sampling: the clocks, the process counters and the address-space walk.
 #include <gtest/gtest.h>
 #include <sys/mman.h>

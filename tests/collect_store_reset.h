@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // A fixture for tests that change the process-wide store: it gives each test
 // grouping names of its own and puts the store back afterwards (switches off,
 // raw data cleared, every grouping but "EvalPrms" out of the tree), so the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The store: name tables, a bare handle object, and the module entry points.
 #include <regex>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Phase-name cleaning, path helpers and number text.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Alignment of two key sequences: every engine must give exactly the rows of
 // the full common-length table and its walk back.
 #include <gtest/gtest.h>

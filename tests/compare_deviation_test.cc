@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Deviations of value pairs: rounding, thresholds, signs per metric, bands.
 #include <gtest/gtest.h>
 

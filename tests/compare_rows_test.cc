@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Alignment of processed points and aggregates by their keys, and the value
 // pairs that each aligned row compares.
 #include <gtest/gtest.h>

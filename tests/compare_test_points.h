@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Processed points and aggregates made by hand for the comparison and report
 // data tests.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The diagnostic report: columns by the kinds of points in the grouping, one
 // row per logged start and stop, red rows for broken phases, hidden gap rows,
 // and a walk that always ends.

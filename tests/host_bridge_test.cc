@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The host bridge: the stand-alone bridge's answers from this machine,
 // installing another bridge, console output and the command distributor.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Data files: host arrays of every class written and read back through the
 // level-5 file layer, and files that are missing, empty, cut short or garbage.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Message IDs: names, argument counts, records, exception classes, catalogue.
 #include <gtest/gtest.h>
 

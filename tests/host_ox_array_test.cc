@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Host arrays: what the row readers and writers rely on beyond plain storage:
 // the host's shape of the empty text, misuse that throws instead of writing
 // out of bounds, deep copies, column-major subscripts and the class tests.

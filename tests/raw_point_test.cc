@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Raw points: defaults, copies, sites, row cells and cell rows.
 #include <gtest/gtest.h>
 

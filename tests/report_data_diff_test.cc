@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Report data of a comparison: procData and aggData rows with both sides, one
 // side (-99.99) and the RHS-only parent that keeps the self times of the row
 // before it; the hit-count deviation.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Name arrays of a report and the escaping of user text in them.
 #include <gtest/gtest.h>
 

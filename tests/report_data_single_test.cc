@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Report data of a single run: procData and aggData per metric, the call tree
 // and the phase cell styles, compared with golden text; numbers as the page's
 // script reads them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The four report drivers: the order of the pieces of each report kind, the
 // pages that stand in for a report, and the results of each failure.
 #include <gtest/gtest.h>

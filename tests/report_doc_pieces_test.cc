@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The pieces of a report document: variant selection of the embedded script
 // and style text, escaping of user text, the page head, the tab bars, the
 // scroller divs and the system information tables.

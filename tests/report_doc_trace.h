@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Builds raw runs for the report tests, the browser tests' report writer and
 // the report benchmark: host points of one grouping with a clock that moves
 // forward and memory that grows with every point.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Files for tests: a scratch folder of the running test that goes when the
 // test ends, whole-file reading, and counting in text.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Helpers for tests that call GaugeKit.Tracer methods through the class
 // registry, as the hosts do, and look at the message ID a call raises.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The tempogauge command, run as a separate process on real files.
 #include <gtest/gtest.h>
 #include <sys/wait.h>

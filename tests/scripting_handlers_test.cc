@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The handlers of GaugeKit.Tracer, called through the registry: what the
 // Octave tests cannot see from outside, namely nothing stored by a call that
 // fails its checks. The argument checks and their IDs, method by method, are

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The class registry: what GaugeKit and GaugeKit.Tracer declare, in which
 // order, and how registration and the class system's call checks behave.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Which root the report methods leave as the current one, through which
 // phase names are stripped: a one-run report that reads a saved file takes
 // that file's root, a comparison always the host's own, and the diagnostic

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Raw points as host cell arrays: the row layout of the three classes, the
 // whole set, and the tolerant reading of rows that are not as written.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // System information: the record as a struct and back, its collection from
 // the host's answers (through a scripted host, since a real host's failures
 // cannot be provoked), the CPU speed text and the host's root.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Trace analysis: processed points, pairing, aggregate table and call tree.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Trace collection: logging, switches, groupings, clearing, name lookups.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Report documents: the drivers that write one self-contained HTML report.
 //
 // Each driver opens `htmlfile` (truncating it), pairs the raw points of the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // tempogauge: a tracer of time and memory. The public API for C++ callers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The aggregate table: one row per phase with its execution count and its
 // summed metric, sortable by each column head. It renders through the virtual
 // table engine of the common script (row height 25, no totals row). Lines

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The call tree table of a single-run report: one row per node of the merged
 // call tree, folded and unfolded by the reader. The view, CTDataView, lists the
 // visible nodes in display order; folding splices a subtree's rows out of it

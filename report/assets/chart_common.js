@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What the memory charts of one run and of two runs share: the layout
 // constants, the five bands, the label text and ellipsis, the y-tick label
 // forms, the legend, the pop-up divs and their dragging, and small page helpers.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The memory chart's page elements, written where the script runs. A canvas
 // written first tells whether the browser draws on canvases; the chart's
 // elements stay hidden until the MemChart tab shows them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Check boxes of the detail and call tree tables and the totals of the checked
 // rows. Only the rows in the window have boxes; the marks of the whole view
 // live in the view's Checked array, parallel to its Index.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Common script of every report: shared globals, name and number helpers, and
 // the virtual table rendering that the aggregate, detail and call tree tables
 // plug into. Lines between "//#if" and "//#endif" are kept only in reports of

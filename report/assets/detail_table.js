@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The detail table: one row per phase execution (a row of procData), with check
 // boxes whose totals show in the last row, filtered and sorted through the form
 // beneath it. It renders through the virtual table engine of the common script:

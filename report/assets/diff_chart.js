@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The memory chart that compares two runs: a graph of their difference above
 // one graph per run, all on one x axis under one scroll bar, with the phase
 // labels on a panel of their own. Each panel folds to a ribbon, and the graphs

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The panels of the comparison memory chart: the arrows that fold a panel to
 // its ribbon and open it to its two sizes, the ribbons' labels, and the moving
 // of the panels below one that changes height. Builds on diff_chart.js.

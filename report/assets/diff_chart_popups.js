@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The pointer, tooltips and statistics pop-ups of the comparison memory chart:
 // a click on a column shows both runs' figures of that aligned row and outlines
 // the column in every graph. Builds on diff_chart.js and chart_common.js.

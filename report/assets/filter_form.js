@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The filter and sort forms beneath the detail and call tree tables: opening
 // and closing their panes, reading their cells, and the Refresh buttons. A
 // filter cell holds a regular expression over the names of its attribute; a

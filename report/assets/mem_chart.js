@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The memory chart of one run: one stacked column of five bands per phase
 // execution, the phase labels rotated above, a fixed y axis on its own canvas
 // and a dummy element whose scroll bar picks the slice that is drawn. Only the

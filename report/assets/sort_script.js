@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Orders view indices of procData by the sort columns, most significant first.
 // Keys are strings: a name in lower case, or a number mapped so that larger
 // values come first under string comparison. The pivot is taken out of arr, so

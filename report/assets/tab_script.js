@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Tab switching: ShowTable hides every view and shows the chosen one, building
 // its data view at first use. Lines between "//#if" and "//#endif" are kept only
 // in reports of the named variant, so the running page tests no flags.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The aggregate report of one run, as a reader sees it in Chromium: virtual
 // rendering beside the scroller, sorting by column heads, the System Info tab.
 'use strict';

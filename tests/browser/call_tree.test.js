@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The Call Tree tab in Chromium: the merged tree folded and unfolded, check
 // boxes and totals, the filter form, and the links from the aggregate table
 // and to the Details tab.

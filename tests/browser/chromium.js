@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Opens reports in Debian's Chromium through playwright-core, with a fresh
 // profile per browser, collects every script error a page raises, and reads
 // what the report shows: cells, totals, canvas colours, pop-ups. Shared by the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The aggregate difference report in Chromium: band classes on the deviation
 // cells, "NA" for the run that lacks a phase, sorting; and every report kind
 // opening without a script error.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The Details tab in Chromium: filters and sorts typed into its form, check
 // boxes and their totals, the phase links of a comparison.
 'use strict';

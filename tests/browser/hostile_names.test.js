@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Phase names and labels made of markup, quotes, backslashes and percent signs:
 // the reports show them as text, run none of them, and the links pass the
 // exact name on.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Syntax check of script files: each is compiled, never run. Exits non-zero
 // and names every file that does not compile.
 'use strict';

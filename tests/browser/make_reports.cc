@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Writes the reports that the browser tests open, from traces built through
 // the library, and the script text of every report variant for the linter.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The memory charts in Chromium, looked at through their pixels: the band
 // colours of one run, of two runs and of their difference, scrolling, the
 // shading of a phase that one run lacks, folding the panels, the pop-ups, the

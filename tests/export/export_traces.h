@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Traces for the export tests: nested phases with gaps between them, a name
 // with quotes and line ends, memory samples on every point; and one whose
 // inner phase never stops.

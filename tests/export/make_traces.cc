@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Writes the saved traces that the viewer test exports and opens:
 // nested.orf and unpaired.orf in the directory given.
 #include <filesystem>

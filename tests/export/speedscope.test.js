@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Opens exported traces in speedscope, a trace viewer from npm, in Chromium:
 // its Trace Event importer must read every phase, and its sandwich table must
 // show each phase's total and self time as the trace holds them.

@@ -1,3 +1,4 @@
+## SPDX-License-Identifier: BSD-3-Clause
 ## GaugeKit.Tracer from Octave: the data methods, saved trace files and the
 ## report methods. Each method's ordinary use, then its argument checks with
 ## the IDs they raise, in the order the methods check them. Files are written

@@ -1,3 +1,4 @@
+## SPDX-License-Identifier: BSD-3-Clause
 ## GaugeKit.Tracer from Octave: the class listing, the logging methods, the
 ## switches, groupings and statistics types. Each method's ordinary use, then
 ## its argument checks with the IDs they raise, in the order the methods

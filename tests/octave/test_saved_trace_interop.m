@@ -1,3 +1,4 @@
+## SPDX-License-Identifier: BSD-3-Clause
 ## Saved trace files between tempogauge and Octave: a file tempogauge saves
 ## is an ordinary data file to Octave's load, with the three variables in
 ## order and the cell rows of the fixed layout; files Octave writes with

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Sums and maxima of all executions of one phase.
 #pragma once
 

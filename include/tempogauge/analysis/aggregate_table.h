@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The aggregate table: one entry per phase id over all executions.
 #pragma once
 

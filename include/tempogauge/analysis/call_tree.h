@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The merged call tree: the nesting rebuilt from the dotted phase numbers, with
 // repeated subtrees collapsed into one node that lists all their rows.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The result of pairing: the processed points in start order and the run's
 // totals.
 #pragma once

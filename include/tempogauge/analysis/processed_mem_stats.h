@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Memory records of a phase execution: the raw sample at the phase's end in
 // mebibytes, with the change against the sample at its start.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Processed data points: one execution of a phase, made from a matched pair of
 // raw points. Times are relative to the start of the trace, memory is the state
 // at the phase's end with deltas against its start, and the point knows its

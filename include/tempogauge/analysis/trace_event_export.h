@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Export of a run in the Trace Event Format (JSON), which the common trace
 // viewers open: one complete event ("ph":"X") per phase execution with its
 // start and duration in microseconds of wall-clock time, the CPU time and the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Fixed names and numbers that the module compares against and prints.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Per-grouping switch states (1 on, 0 off, -1 never set), indexed by grouping
 // id. Readers need no lock: entries live in segments that never move once
 // published, so a logging thread can test a state while another thread grows

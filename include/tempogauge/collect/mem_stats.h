@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Raw memory records of a point, in bytes as measured.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The module's load and unload entry points and the hook through which the
 // scripting package gets registered with the class system.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Number-to-text helpers used by the row writers and the reports.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Path and phase-name helpers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Raw data points: one start or end of a phase, with its time and memory
 // samples. Three classes form a chain, one per tool that logs. Points hold ids;
 // names live in the store's tables.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The system information record: what machine and host a trace came from.
 #pragma once
 

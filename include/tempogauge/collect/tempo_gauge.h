@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The one process-wide store: raw points, name tables, grouping tree, switches.
 #pragma once
 

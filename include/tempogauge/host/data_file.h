@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The host's data files: named host arrays stored in a level-5 data file,
 // the format Octave's load reads and save -v7 writes. Variables are written
 // zlib-compressed; reading also takes uncompressed ones (save -v6) and files

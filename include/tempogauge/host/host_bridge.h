@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The bridge to the host: how the module calls functions of the host it runs
 // in, and where its console output goes. One bridge is active per process.
 // Without a host (the library used from C++ or the tempogauge command) the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Host arrays: the values that cross between tempogauge and its host (the
 // scripting language, saved trace files). A small value type with the host's
 // class numbers and column-major element order, plus the ox... operations the

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The exceptions of the scripting interface. Each message ID has its own
 // exception class, hfnd::except::Exception<ID>, which carries the message
 // record and the full error ID "tempogauge:TempoGauge:<name>". Hosts catch

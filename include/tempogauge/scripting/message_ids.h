@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The message IDs of the scripting interface: one tag type per ID, each with
 // its name and the number of text arguments it takes, and the factory that
 // builds a message record for an ID from exactly that many arguments.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The message record that every scripting error carries: the component, the
 // ID's name and the text arguments that fill in the catalogue's message.
 #pragma once

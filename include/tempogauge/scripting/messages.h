@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The message catalogue: the text a user reads for each message ID, with the
 // record's arguments filled in.
 #pragma once

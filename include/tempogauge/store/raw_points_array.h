@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The raw points as one host cell array: a 1 by N cell array whose elements
 // are the points' cell rows, in the order of the vector.
 #pragma once

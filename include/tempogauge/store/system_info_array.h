@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The system information record as a host array: a 1 by 1 struct with the
 // eight fields processorStr, cpuSpeedStr, numCoresStr, totalPhysMemStr,
 // operatingSystemStr, ORRERYVersionStr, javaVMVersionStr, installedProductsStr,

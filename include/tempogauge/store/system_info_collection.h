@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // What machine and host the data is taken on: the system information record,
 // collected once per process from the host (through the active host bridge)
 // and the operating system, and the host's installation root.

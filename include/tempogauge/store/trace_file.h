@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Saved trace files: a host data file with three variables, in this order:
 //   TempoGaugingRawDataVector  the raw points as a 1 by N cell array of rows
 //   TempoGaugingSystemInfo     the system information struct

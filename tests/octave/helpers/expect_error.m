@@ -1,3 +1,4 @@
+## SPDX-License-Identifier: BSD-3-Clause
 ## expect_error (id, text, fcn): fcn () raises the error `id`, whose message
 ## holds `text` (unless it is empty).
 function expect_error (id, text, fcn)
