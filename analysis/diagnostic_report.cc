@@ -1,17 +1,11 @@
 #include "analysis/diagnostic_report.h"
 
-#include <cstdio>
-#include <memory>
 
 #include "collect/constants.h"
 #include "collect/tempo_gauge.h"
+#include "host/whole_file.h"
 
 namespace {
-
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
 std::string headerRow(std::int32_t mode) {
   std::string out =
@@ -41,8 +35,6 @@ std::string headerRow(std::int32_t mode) {
       "            </tr>\n";
   return out;
 }
-
-void put(std::FILE* file, std::string_view text) { std::fwrite(text.data(), 1, text.size(), file); }
 
 }  // namespace
 
@@ -76,8 +68,8 @@ std::int32_t walkForDiagnostic(TempoGauge* /*tracer*/, RawPointVector* raw, std:
 
 bool writeDiagnosticReport(TempoGauge* tracer, const std::string& path, std::string_view groupingName,
                            RawPointVector* raw) {
-  const FileHandle file(std::fopen(path.c_str(), "w+"));
-  if (!file) return false;
+  WholeFile file(path);
+  if (!file.isOpen()) return false;
   const std::int32_t mode = diagnosticColumns(tracer, raw, groupingName);
   RawToProcessedMap map;
   TGProcessedDataStruct result;
@@ -97,7 +89,7 @@ bool writeDiagnosticReport(TempoGauge* tracer, const std::string& path, std::str
       if (found == map.end() || !found->second || found->second->isGapRow()) continue;
       text += point->writeDiagnosticRow(mode, found->second);
       if (text.size() > (1u << 20)) {
-        put(file.get(), text);
+        if (!file.write(text)) return false;
         text.clear();
       }
     }
@@ -106,6 +98,6 @@ bool writeDiagnosticReport(TempoGauge* tracer, const std::string& path, std::str
       "        </table>\n"
       "    </body>\n"
       "</html>\n";
-  put(file.get(), text);
-  return true;
+  file.write(text);
+  return file.commit();
 }

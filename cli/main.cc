@@ -8,6 +8,7 @@
 #include "cli/command_options.h"
 #include "cli/commands.h"
 #include "host/level5_check.h"
+#include "host/whole_file.h"
 #include "scripting/objsys.h"
 #include "tempogauge/tempogauge.h"
 
@@ -27,6 +28,16 @@ std::string describeFailure(const hfnd::except::IMsgIDException& e) {
     if (!tg::level5::readFile(record.arguments[0], variables, swapped, &problem)) {
       if (text.ends_with('.')) text.pop_back();
       text += std::string(": ") + tg::level5::describe(problem) + ".";
+    }
+  }
+  // A file that could not be written says why: a full disk, a missing folder.
+  const std::size_t written = record.name == TG::WriteFileFailed::name ? 0 : 1;
+  if ((record.name == TG::WriteFileFailed::name || record.name == TG::DataWriteFail::name) &&
+      record.arguments.size() > written) {
+    const std::string why = lastWriteProblem(record.arguments[written]);
+    if (!why.empty()) {
+      if (text.ends_with('.')) text.pop_back();
+      text += ": " + why + ".";
     }
   }
   return text;

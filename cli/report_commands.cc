@@ -7,6 +7,7 @@
 
 #include "cli/command_options.h"
 #include "cli/commands.h"
+#include "cli/output_guard.h"
 #include "cli/tracer_call.h"
 #include "tempogauge/tempogauge.h"
 
@@ -31,6 +32,7 @@ struct DiagnoseOptions {
 
 void runReport(const ReportOptions& o) {
   const std::string out = o.out.empty() ? reportNameFor(o.trace, o.aggregate ? "-aggregate" : "") : o.out;
+  refuseInputAsOutput(out, {o.trace});
   MethodArgs call;
   call.option("htmlfile", out).option("orffile", o.trace).option("metric", o.metric).option("grouping", o.grouping);
   callTracer(o.aggregate ? "generateAggregateReport" : "generateHTMLReport", std::move(call));
@@ -58,28 +60,29 @@ bool pairsUp(RawPointVector raw, const std::string& grouping) {
 void runDiff(const DiffOptions& o) {
   const std::string out =
       o.out.empty() ? reportNameFor(o.lhs, "-vs-" + stemOf(o.rhs) + (o.aggregate ? "-aggregate" : "")) : o.out;
+  refuseInputAsOutput(out, {o.lhs, o.rhs});
   Side left = readSide(o.lhs);
   Side right = readSide(o.rhs);
   hostRootPathSet(getHostRoot());
   const std::string lhsLabel = o.lhsLabel.empty() ? stemOf(o.lhs) : o.lhsLabel;
   const std::string rhsLabel = o.rhsLabel.empty() ? stemOf(o.rhs) : o.rhsLabel;
   const auto writer = o.aggregate ? &writeAggregateDifferenceReport : &writeDifferenceReport;
-  // The writer pairs copies; the sides stay as read for the checks below.
-  RawPointVector lhsRaw = left.raw, rhsRaw = right.raw;
-  if (writer(TempoGauge::instance(), out, o.grouping, lhsLabel, rhsLabel, &lhsRaw, &rhsRaw, &left.info, &right.info,
-             o.metric))
-    return printWritten(out);
-  // A comparison of a run whose phases don't pair up is not written.
+  // A comparison of a run whose phases don't pair up is not written: the
+  // command says which run it is.
   for (const auto* side : {&o.lhs, &o.rhs}) {
     if (!pairsUp(side == &o.lhs ? left.raw : right.raw, o.grouping))
       throw CommandError("the starts and ends of the phases in " + *side +
                          " do not pair up; run 'tempogauge diagnose " + *side + "' to see where");
   }
-  tgRaise<TG::WriteFileFailed>(out);
+  if (!writer(TempoGauge::instance(), out, o.grouping, lhsLabel, rhsLabel, &left.raw, &right.raw, &left.info,
+              &right.info, o.metric))
+    tgRaise<TG::WriteFileFailed>(out);
+  printWritten(out);
 }
 
 void runDiagnose(const DiagnoseOptions& o) {
   const std::string out = o.out.empty() ? reportNameFor(o.trace, "-diagnostic") : o.out;
+  refuseInputAsOutput(out, {o.trace});
   MethodArgs call;
   call.option("htmlfile", out).option("orffile", o.trace).option("grouping", o.grouping);
   callTracer("diagnosticReport", std::move(call));

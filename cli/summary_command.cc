@@ -8,6 +8,7 @@
 
 #include "cli/command_options.h"
 #include "cli/commands.h"
+#include "cli/terminal_text.h"
 #include "cli/text_table.h"
 #include "cli/tracer_call.h"
 #include "tempogauge/tempogauge.h"
@@ -23,6 +24,7 @@ std::string fixed(double value, int decimals) {
 
 void runSummary(const std::string& trace, const std::string& grouping) {
   callTracer("loadTracerData", std::move(MethodArgs().text(trace)));
+  if (TempoGauge::instance()->copyRawPoints()->empty()) tgRaise<tempogauge::TempoGauge::NoRawTracerData>();
   const TGProcessedDataStruct data = tgGetProcessedDataForGroupings(nullptr, groupingsFor(grouping));
   if (data.hasErrors)
     throw CommandError("the starts and ends of the phases in " + trace +
@@ -46,7 +48,8 @@ void runSummary(const std::string& trace, const std::string& grouping) {
   text.addColumn("CPU self (s)", Align::Right);
   text.addColumn("Memory max (MiB)", Align::Right);
   for (const TGAggregateDataPoint* row : rows) {
-    text.addRow({tgGetNameStr(tg::kPhaseKind, row->phaseID), tgGetNameStr(tg::kGroupingKind, row->grouping),
+    text.addRow({escapeControls(tgGetNameStr(tg::kPhaseKind, row->phaseID)),
+                 escapeControls(tgGetNameStr(tg::kGroupingKind, row->grouping)),
                  std::to_string(row->hitCount), fixed(row->wcTotal, 6), fixed(row->wcSelf, 6),
                  fixed(row->cpuTotal, 6), fixed(row->cpuSelf, 6), fixed(row->procMemUsageMax, 2)});
   }

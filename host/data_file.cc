@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -14,15 +15,17 @@
 #include "host/level5_check.h"
 #include "host/level5_decoder.h"
 #include "host/level5_encoder.h"
+#include "host/whole_file.h"
 
 namespace l5 = tg::level5;
 
-// An open data file. For reading, the whole file is read and checked at
-// opening and its variables kept (inflated); for writing, each variable is
-// compressed and appended as it is put.
+// An open data file. For reading, the file is read and checked at opening
+// and its variables kept (inflated); for writing, each variable is compressed
+// and appended as it is put, to a file that takes the name only when it is
+// closed after every write succeeded (see WholeFile).
 class orfFile {
  public:
-  orfFile(std::FILE* out, std::string path) : out_(out), path_(std::move(path)) {}
+  explicit orfFile(std::string_view path) : whole_(std::make_unique<WholeFile>(path)), out_(whole_->stream()) {}
   orfFile(std::vector<l5::Variable> variables, bool swapped)
       : variables_(std::move(variables)), swapped_(swapped), reading_(true) {}
   orfFile(const orfFile&) = delete;
@@ -37,6 +40,7 @@ class orfFile {
     // A failed write (a full disk, a size limit) shows at the latest when
     // the buffer is flushed; the file is then no longer to be trusted.
     if (!writeCompressed(element) || std::fflush(out_) != 0) {
+      whole_->fail(errno);
       failed_ = true;
       return -1;
     }
@@ -59,9 +63,8 @@ class orfFile {
       return 0;
     }
     if (!out_) return -1;
-    const int status = std::fclose(out_);
     out_ = nullptr;
-    return status == 0 && !failed_ ? 0 : -1;
+    return !failed_ && whole_->commit() ? 0 : -1;
   }
 
   bool writeHeader() {
@@ -76,7 +79,7 @@ class orfFile {
     const char* mark = std::endian::native == std::endian::little ? "IM" : "MI";
     std::memcpy(header + 126, mark, 2);
     // Not flushed here: a device that takes no data fails at the first put.
-    if (std::fwrite(header, 1, sizeof header, out_) != sizeof header) {
+    if (!out_ || !whole_->write({reinterpret_cast<const char*>(header), sizeof header})) {
       failed_ = true;
       return false;
     }
@@ -124,8 +127,8 @@ class orfFile {
            std::fseek(out_, end, SEEK_SET) == 0;
   }
 
+  std::unique_ptr<WholeFile> whole_;
   std::FILE* out_ = nullptr;
-  std::string path_;
   bool failed_ = false;
   std::vector<l5::Variable> variables_;
   bool swapped_ = false;
@@ -144,9 +147,7 @@ orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
     return orfFilePtr(new orfFile(std::move(variables), swapped));
   }
   if (mode == "w") {
-    std::FILE* out = std::fopen(path.c_str(), "wb");
-    if (!out) return nullptr;
-    orfFilePtr file(new orfFile(out, path));
+    orfFilePtr file(new orfFile(path));
     if (!file->writeHeader()) return nullptr;
     return file;
   }

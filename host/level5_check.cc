@@ -50,40 +50,70 @@ void restateLength(Bytes& element, bool swapped) {
   std::memcpy(element.data() + 4, &length, 4);
 }
 
-// Inflates a compressed element; false when the stream is damaged or does
-// not hold one whole element (give or take the slack of its stated length).
-bool inflateElement(const unsigned char* data, std::uint64_t size, bool swapped, Bytes& out) {
-  if (size > std::numeric_limits<uInt>::max()) return false;
+// Reads up to `size` bytes of `file` into `out` (appending); false on a read
+// error or when the file ends first.
+bool readBytes(std::FILE* file, std::uint64_t size, Bytes& out) {
+  const std::size_t at = out.size();
+  out.resize(at + size);
+  return std::fread(out.data() + at, 1, size, file) == size;
+}
+
+// Inflates the compressed element of `size` bytes at the reading position of
+// `file`, reading it a piece at a time, so that memory follows the element's
+// inflated size, not the file's; false when the stream is damaged or does not
+// hold one whole element (give or take the slack of its stated length).
+bool inflateElement(std::FILE* file, std::uint64_t size, bool swapped, Bytes& out) {
   z_stream z{};
   if (inflateInit(&z) != Z_OK) return false;
   const std::unique_ptr<z_stream, int (*)(z_stream*)> guard(&z, &inflateEnd);
-  z.next_in = const_cast<unsigned char*>(data);
-  z.avail_in = static_cast<uInt>(size);
+  std::vector<unsigned char> in(std::min<std::uint64_t>(size, 1u << 20));
+  std::uint64_t unread = size;
+  // Feeds the next piece of the compressed data when zlib has used the last.
+  const auto feed = [&] {
+    if (z.avail_in != 0 || unread == 0) return true;
+    const std::size_t piece = std::min<std::uint64_t>(unread, in.size());
+    if (std::fread(in.data(), 1, piece, file) != piece) return false;
+    unread -= piece;
+    z.next_in = in.data();
+    z.avail_in = static_cast<uInt>(piece);
+    return true;
+  };
   // First the tag, to learn the element's length.
   std::array<unsigned char, 8> tag{};
   z.next_out = tag.data();
   z.avail_out = 8;
-  int status = inflate(&z, Z_SYNC_FLUSH);
+  int status = Z_OK;
+  while (z.avail_out != 0 && status == Z_OK) {
+    if (!feed()) return false;
+    if (z.avail_in == 0) break;
+    status = inflate(&z, Z_SYNC_FLUSH);
+  }
   if ((status != Z_OK && status != Z_STREAM_END) || z.avail_out != 0) return false;
   const Reader tagReader(tag.data(), tag.size(), swapped);
   const std::uint64_t length = 8 + std::uint64_t{tagReader.word(4)};
   // zlib cannot expand data more than about 1032 times.
   if (length > size * 1100 + 1024) return false;
-  out.resize(length);
-  std::copy(tag.begin(), tag.end(), out.begin());
+  out.assign(tag.begin(), tag.end());
+  // The buffer grows with what comes out, not with what the tag claims.
   std::uint64_t filled = 8;
   while (filled < length && status != Z_STREAM_END) {
-    const std::uint64_t chunk = std::min<std::uint64_t>(length - filled, 1u << 30);
+    if (!feed()) return false;
+    if (z.avail_in == 0) break;  // stream cut short
+    const std::uint64_t room = std::min<std::uint64_t>(length - filled, std::max<std::uint64_t>(filled, 1u << 20));
+    out.resize(filled + room);
     z.next_out = out.data() + filled;
-    z.avail_out = static_cast<uInt>(chunk);
-    status = inflate(&z, Z_SYNC_FLUSH);
+    z.avail_out = static_cast<uInt>(room);
+    while (z.avail_out != 0 && status == Z_OK) {
+      if (!feed()) return false;
+      if (z.avail_in == 0) break;
+      status = inflate(&z, Z_SYNC_FLUSH);
+    }
     if (status != Z_OK && status != Z_STREAM_END) return false;
-    filled += chunk - z.avail_out;
-    if (status == Z_OK && z.avail_out != 0 && z.avail_in == 0) break;  // stream cut short
+    filled += room - z.avail_out;
   }
+  out.resize(filled);
   if (filled == length) return true;
   if (status != Z_STREAM_END || length - filled > kLengthSlack) return false;
-  out.resize(filled);
   restateLength(out, swapped);
   return true;
 }
@@ -152,45 +182,71 @@ const char* describe(FileProblem problem) {
 
 namespace {
 
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+// Reads the file an element at a time: the header first, then each element's
+// tag, and only as many bytes as the tag states (and the file holds), so that
+// a file of junk is refused at once and memory follows the variables' sizes.
 FileProblem readVariables(const std::string& path, std::vector<Variable>& variables, bool& swapped) {
   std::error_code ec;
   const auto status = std::filesystem::status(path, ec);
   if (status.type() == std::filesystem::file_type::not_found) return FileProblem::NoSuchFile;
   if (ec || !std::filesystem::is_regular_file(status)) return FileProblem::NotReadable;
-  std::FILE* f = std::fopen(path.c_str(), "rb");
-  if (!f) return FileProblem::NotReadable;
+  const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+  if (!file) return FileProblem::NotReadable;
+  std::FILE* f = file.get();
   const std::uintmax_t size = std::filesystem::file_size(path, ec);
-  Bytes file(ec ? 0 : size);
-  const std::size_t got = std::fread(file.data(), 1, file.size(), f);
-  const bool readError = std::ferror(f) != 0;
-  std::fclose(f);
-  if (ec || readError) return FileProblem::NotReadable;
-  if (got != file.size()) return FileProblem::Damaged;  // shrank while read
-  if (size < 128 || !level5Header(file.data(), swapped)) return FileProblem::NotLevel5;
-  const Reader reader(file, swapped);
-  std::uint64_t at = 128;
-  while (file.size() - at >= 8) {
-    Element e;
+  if (ec) return FileProblem::NotReadable;
+  // A read that comes short is a file that shrank while read, or a read error.
+  const auto shortRead = [f] { return std::ferror(f) != 0 ? FileProblem::NotReadable : FileProblem::Damaged; };
+  unsigned char header[128];
+  if (size < sizeof header) return FileProblem::NotLevel5;
+  if (std::fread(header, 1, sizeof header, f) != sizeof header) return shortRead();
+  if (!level5Header(header, swapped)) return FileProblem::NotLevel5;
+  std::uint64_t at = sizeof header;
+  while (size - at >= 8) {
+    unsigned char tagBytes[8];
+    if (std::fread(tagBytes, 1, 8, f) != 8) return shortRead();
+    const Reader tag(tagBytes, 8, swapped);
+    const std::uint64_t available = size - at - 8;  // bytes after the tag
     Variable v;
-    if (!reader.element(at, file.size(), e)) {
-      // The last variable of an uncompressed file may state a length a few
-      // bytes beyond the end of the file.
-      const std::uint64_t stated = 8 + std::uint64_t{reader.word(at + 4)};
-      const std::uint64_t available = file.size() - at;
-      if (reader.word(at) != miMATRIX || stated <= available || stated - available > kLengthSlack)
-        return FileProblem::Damaged;
-      v.element.assign(file.begin() + static_cast<long>(at), file.end());
-      restateLength(v.element, swapped);
-      at = file.size();
-    } else if (e.type == miCOMPRESSED) {
-      if (!inflateElement(file.data() + e.dataAt, e.bytes, swapped, v.element)) return FileProblem::Damaged;
-      at = e.dataAt + e.bytes;  // compressed elements are not padded
-    } else {
-      if (e.type == miMATRIX) v.element.assign(file.begin() + static_cast<long>(at),
-                                               file.begin() + static_cast<long>(e.dataAt + e.bytes));
-      at = e.next;
+    if ((tag.word(0) >> 16) != 0) {  // a small element, its data inside the tag
+      Element e;
+      if (!tag.element(0, 8, e)) return FileProblem::Damaged;
+      at += 8;
+      continue;  // carries no variable
     }
-    if (v.element.empty()) continue;  // other elements carry no variable
+    Element e;
+    e.type = tag.word(0);
+    e.bytes = tag.word(4);
+    if (e.type == miCOMPRESSED) {
+      if (e.bytes > available) return FileProblem::Damaged;
+      if (!inflateElement(f, e.bytes, swapped, v.element)) return std::ferror(f) ? shortRead() : FileProblem::Damaged;
+      at += 8 + e.bytes;  // compressed elements are not padded
+    } else if (e.type == miMATRIX) {
+      v.element.assign(tagBytes, tagBytes + 8);
+      if (e.bytes > available) {
+        // The last variable of an uncompressed file may state a length a few
+        // bytes beyond the end of the file.
+        if (e.bytes - available > kLengthSlack) return FileProblem::Damaged;
+        if (!readBytes(f, available, v.element)) return shortRead();
+        restateLength(v.element, swapped);
+        at = size;
+      } else {
+        if (!readBytes(f, e.bytes, v.element)) return shortRead();
+        const std::uint64_t padded = std::min<std::uint64_t>((e.bytes + 7) / 8 * 8, available);
+        at += 8 + padded;
+      }
+    } else {
+      // Other plain elements carry no variable and are passed over; a tag of
+      // no known type only comes from a damaged file.
+      if (typeSize(e.type) == 0 || e.bytes > available) return FileProblem::Damaged;
+      at += 8 + std::min<std::uint64_t>((e.bytes + 7) / 8 * 8, available);
+    }
+    if (std::fseek(f, static_cast<long>(at), SEEK_SET) != 0) return FileProblem::NotReadable;
+    if (v.element.empty()) continue;
     if (!checkVariable(v.element, swapped, v.name)) return FileProblem::Damaged;
     variables.push_back(std::move(v));
   }

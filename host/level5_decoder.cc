@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <cstring>
+#include <limits>
 #include <string>
 
 #include "host/utf16_text.h"
@@ -32,6 +33,16 @@ bool dataElement(const Reader& r, std::uint64_t at, std::uint64_t end, std::uint
   return size != 0 && data.bytes / size >= count;
 }
 
+// `v` as an integer of type T, truncated; 0 when it is NaN or beyond T's range,
+// which only damaged data give (the value an integer cell of the wrong form
+// reads as).
+template <class T>
+T toInteger(double v) {
+  constexpr double kBelow = static_cast<double>(std::numeric_limits<T>::min()) - 1.0;
+  constexpr double kAbove = static_cast<double>(std::numeric_limits<T>::max()) + 1.0;
+  return v > kBelow && v < kAbove ? static_cast<T>(v) : T{0};
+}
+
 oxArrayPtr numeric(const Reader& r, const ArrayHead& head, std::uint64_t end) {
   std::size_t rows = 0, cols = 0;
   if (!shape(head, rows, cols)) return nullptr;
@@ -56,8 +67,8 @@ oxArrayPtr numeric(const Reader& r, const ArrayHead& head, std::uint64_t end) {
     const double v = r.value(data.type, data.dataAt + i * size);
     switch (target) {
       case oxLOGICAL_CLASS: a->logicals()[i] = v != 0.0 ? 1 : 0; break;
-      case oxINT32_CLASS: a->int32s()[i] = static_cast<std::int32_t>(v); break;
-      case oxUINT32_CLASS: a->uint32s()[i] = static_cast<std::uint32_t>(v); break;
+      case oxINT32_CLASS: a->int32s()[i] = toInteger<std::int32_t>(v); break;
+      case oxUINT32_CLASS: a->uint32s()[i] = toInteger<std::uint32_t>(v); break;
       default: a->doubles()[i] = v; break;
     }
   }

@@ -13,10 +13,14 @@ bool writeAggregateDifferenceReport(TempoGauge* store, std::string_view htmlfile
                                     std::string_view lhslabel, std::string_view rhslabel, RawPointVector* lhsRaw,
                                     RawPointVector* rhsRaw, const TempoGaugingSystemInfo* lhsInfo,
                                     const TempoGaugingSystemInfo* rhsInfo, std::string_view metric) {
+  // Both runs are paired before the file is opened.
+  const auto start = startComparison(store, grouping, lhsRaw, rhsRaw, metric, false);
   ReportFile file(htmlfile);
   if (!file.isOpen()) return false;
-  const auto start = startComparison(file, store, grouping, lhsRaw, rhsRaw, metric, false);
-  if (!start.runs) return start.endResult;
+  if (!start.runs) {
+    file.writeLines(start.standInPage);
+    return file.commit();
+  }
   const auto& runs = *start.runs;
   const auto records = comparisonRecords(lhsInfo, rhsInfo, rhsRaw);
 
@@ -34,5 +38,5 @@ bool writeAggregateDifferenceReport(TempoGauge* store, std::string_view htmlfile
   doc.write(writeNameArrays(store));
   doc.write(writeDiffAggData(runs.aggregateRows, metric));
   doc.write(kScriptClose);
-  return true;
+  return file.commit();
 }

@@ -15,7 +15,7 @@ bool writeAggregateReport(TempoGauge* store, std::string_view htmlfile, std::str
   ReportFile file(htmlfile);
   if (!file.isOpen()) return false;
   const auto run = startSingleRun(file, store, raw, grouping, metric, systemInfo);
-  if (!run) return true;
+  if (!run) return file.commit();
   const auto aggregates = buildAggregateTable(run->processedPoints);
   collectSystemInfoFirst();
 
@@ -33,5 +33,5 @@ bool writeAggregateReport(TempoGauge* store, std::string_view htmlfile, std::str
   doc.write(writeNameArrays(store));
   doc.write(writeAggData(aggregates, metric, kAggregateOnly));
   doc.write(kScriptClose);
-  return true;
+  return file.commit();
 }

@@ -32,16 +32,17 @@ void alignComparisonRuns(ComparisonRuns& runs, bool alignPoints) {
 
 }  // namespace
 
-ComparisonStart startComparison(ReportFile& file, TempoGauge* store, std::string_view grouping,
-                                RawPointVector* lhsRaw, RawPointVector* rhsRaw, std::string_view metric,
-                                bool alignPoints) {
+ComparisonStart startComparison(TempoGauge* store, std::string_view grouping, RawPointVector* lhsRaw,
+                                RawPointVector* rhsRaw, std::string_view metric, bool alignPoints) {
   ComparisonStart start;
   start.runs = pairComparisonRuns(store, grouping, lhsRaw, rhsRaw);
-  if (!start.runs) return start;
+  if (!start.runs) {
+    start.standInPage = kErrorPageLines;
+    return start;
+  }
   if (metric == tg::kMetricDetailedMemory && !start.runs->hasDetailedMemStats) {
-    file.writeLines(kComparisonMissingDetailPageLines);
+    start.standInPage = kComparisonMissingDetailPageLines;
     start.runs.reset();
-    start.endResult = true;
     return start;
   }
   alignComparisonRuns(*start.runs, alignPoints);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -24,14 +25,13 @@ struct ComparisonRuns {
   std::int32_t maxDepth = 0;         // the deeper of the two call trees
 };
 
-// A comparison report after pairing: the aligned runs, or, when the report
-// ends before its document, the driver's result: false when either run doesn't
-// pair up (the file stays empty), true when a "detailedmemory" report lacks
-// detailed samples and the page that says so was written instead.
+// A comparison report after pairing, before anything is written: the aligned
+// runs, or the page that stands in for the report: the error page when either
+// run doesn't pair up (as for a single run), or the page that says a
+// "detailedmemory" report lacks detailed samples.
 struct ComparisonStart {
   std::optional<ComparisonRuns> runs;
-  bool endResult = false;
+  std::span<const std::string_view> standInPage;
 };
-ComparisonStart startComparison(ReportFile& file, TempoGauge* store, std::string_view grouping,
-                                RawPointVector* lhsRaw, RawPointVector* rhsRaw, std::string_view metric,
-                                bool alignPoints);
+ComparisonStart startComparison(TempoGauge* store, std::string_view grouping, RawPointVector* lhsRaw,
+                                RawPointVector* rhsRaw, std::string_view metric, bool alignPoints);

@@ -19,7 +19,7 @@ bool writeDetailReport(TempoGauge* store, std::string_view htmlfile, std::string
   ReportFile file(htmlfile);
   if (!file.isOpen()) return false;
   const auto run = startSingleRun(file, store, raw, grouping, metric, systemInfo);
-  if (!run) return true;
+  if (!run) return file.commit();
   const auto aggregates = buildAggregateTable(run->processedPoints);
   const auto callTree = buildCallTree(run->processedPoints);
   collectSystemInfoFirst();
@@ -51,5 +51,5 @@ bool writeDetailReport(TempoGauge* store, std::string_view htmlfile, std::string
     writeMemChartScript(chartScript, run->hasDetailedMemStats);
     doc.write(chartScript);
   }
-  return true;
+  return file.commit();
 }

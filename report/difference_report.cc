@@ -16,10 +16,14 @@ bool writeDifferenceReport(TempoGauge* store, std::string_view htmlfile, std::st
                            std::string_view lhslabel, std::string_view rhslabel, RawPointVector* lhsRaw,
                            RawPointVector* rhsRaw, const TempoGaugingSystemInfo* lhsInfo,
                            const TempoGaugingSystemInfo* rhsInfo, std::string_view metric) {
+  // Both runs are paired before the file is opened.
+  const auto start = startComparison(store, grouping, lhsRaw, rhsRaw, metric, true);
   ReportFile file(htmlfile);
   if (!file.isOpen()) return false;
-  const auto start = startComparison(file, store, grouping, lhsRaw, rhsRaw, metric, true);
-  if (!start.runs) return start.endResult;
+  if (!start.runs) {
+    file.writeLines(start.standInPage);
+    return file.commit();
+  }
   const auto& runs = *start.runs;
   const auto records = comparisonRecords(lhsInfo, rhsInfo, rhsRaw);
 
@@ -46,5 +50,5 @@ bool writeDifferenceReport(TempoGauge* store, std::string_view htmlfile, std::st
     writeDiffChartScript(chartScript, runs.hasDetailedMemStats);
     doc.write(chartScript);
   }
-  return true;
+  return file.commit();
 }

@@ -1,25 +1,24 @@
-// The file a report is written to: opened with "w+" (so an old report is
-// truncated first) and closed when the object goes out of scope. Each piece is
-// written at once; like the report text itself, write results are not checked.
+// The file a report is written to: whole or not at all (see WholeFile). Each
+// piece is written at once; the first failed write fails the report, and
+// commit() says whether the report reached its place.
 #pragma once
 
-#include <cstdio>
-#include <memory>
 #include <span>
 #include <string_view>
 
+#include "host/whole_file.h"
+
 class ReportFile {
  public:
-  explicit ReportFile(std::string_view path);
+  explicit ReportFile(std::string_view path) : file_(path) {}
 
-  bool isOpen() const { return file_ != nullptr; }
-  void write(std::string_view piece);
+  bool isOpen() const { return file_.isOpen(); }
+  void write(std::string_view piece) { file_.write(piece); }
   // Writes a page that stands in for a report, one line at a time.
   void writeLines(std::span<const std::string_view> lines);
+  // Moves the finished report into place; false when any write failed.
+  bool commit() { return file_.commit(); }
 
  private:
-  struct Closer {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-  std::unique_ptr<std::FILE, Closer> file_;
+  WholeFile file_;
 };

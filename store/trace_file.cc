@@ -31,13 +31,15 @@ void saveTraceFile(std::string_view fileName, const RawPointVector& points) {
       {kSystemInfoVariable, "System Information", systemInfoToArray()},
       {kHostRootVariable, "ORRERY Root", oxCreateString(root)},
   }};
+  // A failed put fails the whole file: closing it then leaves nothing at the
+  // name, and a trace saved there before stays as it was.
   for (auto& v : variables) {
     if (orfPutVariable(file.get(), v.name, v.value.get()) != 0) {
       orfClose(file);
       tgRaise<TG::DataWriteFail>(v.label, fileName);
     }
   }
-  orfClose(file);  // the result of closing after writing is not reported
+  if (orfClose(file) != 0) tgRaise<TG::WriteFileFailed>(fileName);
 }
 
 bool loadTraceFile(std::string_view fileName, RawPointVector& points, TempoGaugingSystemInfo& info,

@@ -169,18 +169,6 @@ TEST_F(ReportDriverTest, PagesThatStandInForAReport) {
   golden.expect("no detail in one run of a comparison", readFile(path("nodetail2.html")));
 }
 
-TEST_F(ReportDriverTest, UnpairedPhasesFailAComparisonAndLeaveTheFileEmpty) {
-  {
-    std::ofstream old(path("old.html"));
-    old << "an old report";
-  }
-  EXPECT_FALSE(comparison(false, "old.html", "time", unpairedRun(), nestedRun(false)));
-  EXPECT_TRUE(fs::exists(path("old.html")));
-  EXPECT_EQ(readFile(path("old.html")), "");
-  EXPECT_FALSE(comparison(true, "old.html", "time", nestedRun(false), unpairedRun()));
-  EXPECT_EQ(readFile(path("old.html")), "");
-}
-
 TEST_F(ReportDriverTest, AFileThatCannotBeOpenedFailsEveryDriver) {
   for (const bool aggregateOnly : {false, true}) {
     EXPECT_FALSE(single(aggregateOnly, "no such dir/report.html", "time", nestedRun(false)));

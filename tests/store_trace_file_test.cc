@@ -250,7 +250,7 @@ TEST_F(TraceFile, AnEmptyTraceSavesAndLoadsAsNoPoints) {
 
 // Saves `points` under a file size limit just short of the end of each of
 // the three variables in turn; 0 when every save raised DataWriteFail with
-// that variable's label and kept the variables before it.
+// that variable's label and left the trace saved before at that name as it was.
 int savesUnderSizeLimits(const RawPointVector& points, const std::string& reference, const std::string& target) {
   std::signal(SIGXFSZ, SIG_IGN);
   saveTraceFile(reference, points);
@@ -260,6 +260,8 @@ int savesUnderSizeLimits(const RawPointVector& points, const std::string& refere
   rlimit limit{};
   getrlimit(RLIMIT_FSIZE, &limit);
   const rlim_t unlimited = limit.rlim_cur;
+  saveTraceFile(target, {});
+  const std::string before = tgtest::readFile(target);
   for (std::size_t k = 0; k < 3; ++k) {
     limit.rlim_cur = ends[k] - 4;
     setrlimit(RLIMIT_FSIZE, &limit);
@@ -275,7 +277,7 @@ int savesUnderSizeLimits(const RawPointVector& points, const std::string& refere
       std::fprintf(stderr, "put %zu: wrong or no DataWriteFail\n", k);
       return 1;
     }
-    if (k > 0 && elementEnds(target).front() != ends.front()) return 3;
+    if (tgtest::readFile(target) != before) return 3;
   }
   return 0;
 }
