@@ -7,6 +7,7 @@
 
 #include "cli/command_options.h"
 #include "cli/commands.h"
+#include "cli/phase_gate.h"
 #include "host/level5_check.h"
 #include "host/whole_file.h"
 #include "scripting/objsys.h"
@@ -74,6 +75,8 @@ int main(int argc, char** argv) {
     std::cerr << "tempogauge: " << e.what() << "\n"
               << "Run 'tempogauge --help' for usage.\n";
     return 2;
+  } catch (const tg::cli::GateFailure&) {
+    return 3;  // the table of the phases above the limits is printed
   } catch (const hfnd::except::IMsgIDException& e) {
     std::cerr << "tempogauge: " << describeFailure(e) << "\n";
   } catch (const objsys::CallError& e) {

@@ -7,6 +7,8 @@
 
 #include "cli/command_options.h"
 #include "cli/commands.h"
+#include "cli/phase_gate.h"
+#include "cli/saved_run.h"
 #include "cli/output_guard.h"
 #include "cli/tracer_call.h"
 #include "tempogauge/tempogauge.h"
@@ -24,6 +26,7 @@ struct ReportOptions {
 struct DiffOptions {
   std::string lhs, rhs, out, metric, grouping, lhsLabel, rhsLabel;
   bool aggregate = false;
+  GateOptions gate;
 };
 
 struct DiagnoseOptions {
@@ -58,6 +61,8 @@ bool pairsUp(RawPointVector raw, const std::string& grouping) {
 }
 
 void runDiff(const DiffOptions& o) {
+  if (o.gate.active())
+    return runGate(readPairedRun(o.lhs, o.grouping).data, readPairedRun(o.rhs, o.grouping).data, o.metric, o.gate);
   const std::string out =
       o.out.empty() ? reportNameFor(o.lhs, "-vs-" + stemOf(o.rhs) + (o.aggregate ? "-aggregate" : "")) : o.out;
   refuseInputAsOutput(out, {o.lhs, o.rhs});
@@ -116,7 +121,10 @@ void addDiffCommand(CLI::App& app) {
       ->type_name("L");
   command->add_option("--rhs-label", o->rhsLabel, "the other run's name in the report (default: its file's name)")
       ->type_name("R");
-  command->footer("Writes LHS-vs-RHS.html (LHS-vs-RHS-aggregate.html with --aggregate) unless -o is given.");
+  addGateOptions(*command, o->gate);
+  command->footer("Writes LHS-vs-RHS.html (LHS-vs-RHS-aggregate.html with --aggregate) unless -o is given.\n"
+                  "With --fail-above or --format, prints the change of each phase instead (with\n"
+                  "--fail-above only the phases above the limits, exiting with 3 if there are any).");
   command->callback([o] { runDiff(*o); });
 }
 

@@ -8,8 +8,7 @@
 
 #include "cli/command_options.h"
 #include "cli/commands.h"
-#include "cli/terminal_text.h"
-#include "cli/text_table.h"
+#include "cli/output_table.h"
 #include "cli/tracer_call.h"
 #include "tempogauge/tempogauge.h"
 
@@ -22,9 +21,8 @@ std::string fixed(double value, int decimals) {
   return buffer;
 }
 
-void runSummary(const std::string& trace, const std::string& grouping) {
+void runSummary(const std::string& trace, const std::string& grouping, OutputFormat format) {
   callTracer("loadTracerData", std::move(MethodArgs().text(trace)));
-  if (TempoGauge::instance()->copyRawPoints()->empty()) tgRaise<tempogauge::TempoGauge::NoRawTracerData>();
   const TGProcessedDataStruct data = tgGetProcessedDataForGroupings(nullptr, groupingsFor(grouping));
   if (data.hasErrors)
     throw CommandError("the starts and ends of the phases in " + trace +
@@ -37,23 +35,22 @@ void runSummary(const std::string& trace, const std::string& grouping) {
     return a->phaseID < b->phaseID;
   });
 
-  TextTable text;
-  using Align = TextTable::Align;
-  text.addColumn("Phase", Align::Left);
-  text.addColumn("Grouping", Align::Left);
-  text.addColumn("Calls", Align::Right);
-  text.addColumn("Wall total (s)", Align::Right);
-  text.addColumn("Wall self (s)", Align::Right);
-  text.addColumn("CPU total (s)", Align::Right);
-  text.addColumn("CPU self (s)", Align::Right);
-  text.addColumn("Memory max (MiB)", Align::Right);
+  OutputTable text;
+  text.addColumn("Phase", "phase");
+  text.addColumn("Grouping", "grouping");
+  text.addColumn("Calls", "calls", 0);
+  text.addColumn("Wall total (s)", "wall_total", 6);
+  text.addColumn("Wall self (s)", "wall_self", 6);
+  text.addColumn("CPU total (s)", "cpu_total", 6);
+  text.addColumn("CPU self (s)", "cpu_self", 6);
+  text.addColumn("Memory max (MiB)", "memory_max", 2);
   for (const TGAggregateDataPoint* row : rows) {
-    text.addRow({escapeControls(tgGetNameStr(tg::kPhaseKind, row->phaseID)),
-                 escapeControls(tgGetNameStr(tg::kGroupingKind, row->grouping)),
-                 std::to_string(row->hitCount), fixed(row->wcTotal, 6), fixed(row->wcSelf, 6),
-                 fixed(row->cpuTotal, 6), fixed(row->cpuSelf, 6), fixed(row->procMemUsageMax, 2)});
+    text.addRow({tgGetNameStr(tg::kPhaseKind, row->phaseID), tgGetNameStr(tg::kGroupingKind, row->grouping),
+                 std::int64_t{row->hitCount}, row->wcTotal, row->wcSelf, row->cpuTotal, row->cpuSelf,
+                 row->procMemUsageMax});
   }
-  text.print(std::cout);
+  text.print(std::cout, format);
+  if (format != OutputFormat::Text) return;
   std::cout << rows.size() << " phases; run wall time " << fixed(data.topWCTotal, 6) << " s, CPU time "
             << fixed(data.topCPUTotal, 6) << " s\n";
 }
@@ -63,13 +60,15 @@ void runSummary(const std::string& trace, const std::string& grouping) {
 void addSummaryCommand(CLI::App& app) {
   struct Options {
     std::string trace, grouping;
+    OutputFormat format = OutputFormat::Text;
   };
   auto o = std::make_shared<Options>();
   CLI::App* command =
       app.add_subcommand("summary", "Print the table of phases of a saved run, the most expensive first");
   addTrace(*command, "TRACE", o->trace, "the saved trace (.orf)");
   addGrouping(*command, o->grouping);
-  command->callback([o] { runSummary(o->trace, o->grouping); });
+  addFormat(*command, o->format);
+  command->callback([o] { runSummary(o->trace, o->grouping, o->format); });
 }
 
 }  // namespace tg::cli
