@@ -6,6 +6,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "cli/terminal_text.h"
 #include "cli/text_table.h"
 
 namespace tg::cli {
@@ -82,7 +83,7 @@ void OutputTable::printText(std::ostream& out) const {
     std::vector<std::string> cells;
     for (std::size_t i = 0; i < row.size(); ++i) {
       const Cell& cell = row[i];
-      if (const auto* s = std::get_if<std::string>(&cell)) cells.push_back(*s);
+      if (const auto* s = std::get_if<std::string>(&cell)) cells.push_back(escapeControls(*s));
       else if (const auto* d = std::get_if<double>(&cell)) cells.push_back(formatted(*d, columns_[i].decimals));
       else cells.push_back(std::to_string(std::get<std::int64_t>(cell)));
     }
