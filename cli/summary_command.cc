@@ -23,6 +23,7 @@ std::string fixed(double value, int decimals) {
 
 void runSummary(const std::string& trace, const std::string& grouping, OutputFormat format) {
   callTracer("loadTracerData", std::move(MethodArgs().text(trace)));
+  if (TempoGauge::instance()->copyRawPoints()->empty()) tgRaise<tempogauge::TempoGauge::NoRawTracerData>();
   const TGProcessedDataStruct data = tgGetProcessedDataForGroupings(nullptr, groupingsFor(grouping));
   if (data.hasErrors)
     throw CommandError("the starts and ends of the phases in " + trace +
