@@ -40,11 +40,11 @@ function emptyTotals(specs) {
 
 function addRowToTotals(specs, values, row) {
     for (var k = 0; k < specs.length; k++) {
-        var spec = specs[k];
-        var value = row[spec.field];
-        if (spec.skipMissing && value == MISSING_RUN_VALUE) continue;
-        if (spec.how == 'sum') values[k] += value;
-        else if (spec.how == 'max') values[k] = Math.max(values[k], value);
+        var column = specs[k];
+        var value = row[column.field];
+        if (column.skipMissing && value == MISSING_RUN_VALUE) continue;
+        if (column.how == 'sum') values[k] += value;
+        else if (column.how == 'max') values[k] = Math.max(values[k], value);
         else values[k] = value;
     }
 }
