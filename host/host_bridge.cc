@@ -49,11 +49,11 @@ void tgSetHostBridge(std::shared_ptr<HostBridge> bridge) {
 int oexCallORRERY(int nlhs, oxArrayPtr* plhs, int nrhs, const oxArray* const* prhs, std::string_view name) {
   if (nlhs < 0 || nrhs < 0 || (nlhs > 0 && !plhs) || (nrhs > 0 && !prhs)) return -1;
   const auto bridge = tgHostBridge();
-  return bridge->call(name, std::span<oxArrayPtr>(plhs, static_cast<std::size_t>(nlhs)),
-                      std::span<const oxArray* const>(prhs, static_cast<std::size_t>(nrhs)));
+  return bridge->call(name, tgArrayView<oxArrayPtr>(plhs, static_cast<std::size_t>(nlhs)),
+                      tgArrayView<const oxArray* const>(prhs, static_cast<std::size_t>(nrhs)));
 }
 
-void tgRunHostCommand(std::string_view function, std::span<const oxArray* const> arguments) {
+void tgRunHostCommand(std::string_view function, tgArrayView<const oxArray* const> arguments) {
   const auto bridge = tgHostBridge();
   const int status = bridge->call(function, {}, arguments);
   if (status != 0)

@@ -17,13 +17,13 @@ extern const char* const tempogauge_build_date;
 namespace {
 
 // The text of input `i` when it is a char vector; nothing otherwise.
-bool textInput(std::span<const oxArray* const> inputs, std::size_t i, std::string& text) {
+bool textInput(tgArrayView<const oxArray* const> inputs, std::size_t i, std::string& text) {
   if (i >= inputs.size() || !oxIsCharVector(inputs[i])) return false;
   text = oxArrayToStdString(inputs[i]);
   return true;
 }
 
-int answer(std::span<oxArrayPtr> outputs, oxArrayPtr value) {
+int answer(tgArrayView<oxArrayPtr> outputs, oxArrayPtr value) {
   if (!outputs.empty()) outputs[0] = std::move(value);
   return 0;
 }
@@ -53,8 +53,8 @@ std::string tgStandaloneRoot() {
   return folder.string();
 }
 
-int StandaloneBridge::call(std::string_view name, std::span<oxArrayPtr> outputs,
-                           std::span<const oxArray* const> inputs) {
+int StandaloneBridge::call(std::string_view name, tgArrayView<oxArrayPtr> outputs,
+                           tgArrayView<const oxArray* const> inputs) {
   std::string arg;
   if (name == "orreryroot") {
     if (!inputs.empty()) return kBadArguments;

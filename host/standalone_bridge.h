@@ -15,8 +15,8 @@
 
 class StandaloneBridge : public HostBridge {
  public:
-  int call(std::string_view name, std::span<oxArrayPtr> outputs,
-           std::span<const oxArray* const> inputs) override;
+  int call(std::string_view name, tgArrayView<oxArrayPtr> outputs,
+           tgArrayView<const oxArray* const> inputs) override;
   void print(std::string_view text) override;
 };
 

@@ -14,13 +14,13 @@
 namespace tg::octave_adapter {
 namespace {
 
-std::string textInput(std::span<const oxArray* const> inputs, std::size_t index) {
+std::string textInput(tgArrayView<const oxArray* const> inputs, std::size_t index) {
   return index < inputs.size() ? oxArrayToStdString(inputs[index]) : std::string();
 }
 
 // Calls an Octave function; a failure becomes a non-zero status and leaves
 // the interpreter ready for the next statement.
-int callOctave(const std::string& function, const octave_value_list& args, std::span<oxArrayPtr> outputs) {
+int callOctave(const std::string& function, const octave_value_list& args, tgArrayView<oxArrayPtr> outputs) {
   octave::interpreter* interp = octave::interpreter::the_interpreter();
   if (!interp) return 1;
   try {
@@ -39,8 +39,8 @@ int callOctave(const std::string& function, const octave_value_list& args, std::
 
 }  // namespace
 
-int OctaveBridge::call(std::string_view name, std::span<oxArrayPtr> outputs,
-                       std::span<const oxArray* const> inputs) {
+int OctaveBridge::call(std::string_view name, tgArrayView<oxArrayPtr> outputs,
+                       tgArrayView<const oxArray* const> inputs) {
   const std::string first = textInput(inputs, 0);
   if (name == "orreryroot") return callOctave("OCTAVE_HOME", octave_value_list(), outputs);
   if (name == "feature" && first == "numCores") return callOctave("nproc", octave_value_list(), outputs);

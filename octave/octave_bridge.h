@@ -14,8 +14,8 @@ class OctaveBridge : public HostBridge {
   // "evalc" and other Octave functions are called as they are. Questions
   // Octave has no answer to ("version -java", "system_dependent ...") go to
   // the stand-alone bridge; anything that fails gives a non-zero status.
-  int call(std::string_view name, std::span<oxArrayPtr> outputs,
-           std::span<const oxArray* const> inputs) override;
+  int call(std::string_view name, tgArrayView<oxArrayPtr> outputs,
+           tgArrayView<const oxArray* const> inputs) override;
   void print(std::string_view text) override;
 };
 

@@ -42,7 +42,7 @@ std::string askText(std::string_view function, std::vector<std::string> texts) {
 // A host that records what it is asked and prints into a string.
 class RecordingBridge : public HostBridge {
  public:
-  int call(std::string_view name, std::span<oxArrayPtr> outputs, std::span<const oxArray* const> inputs) override {
+  int call(std::string_view name, tgArrayView<oxArrayPtr> outputs, tgArrayView<const oxArray* const> inputs) override {
     calls.emplace_back(name);
     for (const oxArray* in : inputs) calls.back() += " " + oxArrayToStdString(in);
     if (name == "fails") return 3;

@@ -20,7 +20,7 @@ using namespace scripting_test;
 // The stand-alone host, with a root of the test's choosing.
 class RootHost : public StandaloneBridge {
  public:
-  int call(std::string_view name, std::span<oxArrayPtr> outputs, std::span<const oxArray* const> inputs) override {
+  int call(std::string_view name, tgArrayView<oxArrayPtr> outputs, tgArrayView<const oxArray* const> inputs) override {
     if (name != "orreryroot") return StandaloneBridge::call(name, outputs, inputs);
     if (!outputs.empty()) outputs[0] = oxCreateString(root);
     return 0;

@@ -25,7 +25,7 @@ namespace {
 // an answer fails with status 1.
 class ScriptedHost : public HostBridge {
  public:
-  int call(std::string_view name, std::span<oxArrayPtr> outputs, std::span<const oxArray* const> inputs) override {
+  int call(std::string_view name, tgArrayView<oxArrayPtr> outputs, tgArrayView<const oxArray* const> inputs) override {
     std::string key(name);
     for (const oxArray* in : inputs) key += " " + oxArrayToStdString(in);
     const auto it = answers.find(key);

@@ -8,7 +8,6 @@
 
 #include <array>
 #include <atomic>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -52,8 +51,13 @@ class GroupingStateArray {
     std::size_t offset;
   };
   static Slot slotOf(std::size_t id) noexcept {
-    const std::size_t segment = static_cast<std::size_t>(std::bit_width(id / kFirstSegment + 1)) - 1;
+    const std::size_t segment = bitWidth(id / kFirstSegment + 1) - 1;
     return {segment, id - segmentStart(segment)};
+  }
+  // Number of bits needed for n >= 1 (C++20's std::bit_width, kept to a
+  // builtin so that this header also compiles as C++17).
+  static std::size_t bitWidth(std::size_t n) noexcept {
+    return static_cast<std::size_t>(64 - __builtin_clzll(static_cast<unsigned long long>(n)));
   }
   static std::size_t segmentStart(std::size_t segment) noexcept { return kFirstSegment * ((std::size_t{1} << segment) - 1); }
 

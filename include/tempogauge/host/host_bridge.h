@@ -7,9 +7,9 @@
 #pragma once
 
 #include <memory>
-#include <span>
 #include <string_view>
 
+#include "tempogauge/host/array_view.h"
 #include "tempogauge/host/ox_array.h"
 
 class HostBridge {
@@ -20,8 +20,8 @@ class HostBridge {
   // sets each element of `outputs` (as many as the caller wants, possibly
   // none). On failure returns a non-zero status; outputs are then undefined
   // and the caller destroys them. Must not throw for an unknown function.
-  virtual int call(std::string_view name, std::span<oxArrayPtr> outputs,
-                   std::span<const oxArray* const> inputs) = 0;
+  virtual int call(std::string_view name, tgArrayView<oxArrayPtr> outputs,
+                   tgArrayView<const oxArray* const> inputs) = 0;
 
   // Writes text to the host's console, as is (no newline added).
   virtual void print(std::string_view text) = 0;
@@ -41,4 +41,4 @@ int oexCallORRERY(int nlhs, oxArrayPtr* plhs, int nrhs, const oxArray* const* pr
 // The command distributor: runs a host function with no outputs,
 // synchronously, and throws std::runtime_error naming the function when the
 // host reports a failure.
-void tgRunHostCommand(std::string_view function, std::span<const oxArray* const> arguments);
+void tgRunHostCommand(std::string_view function, tgArrayView<const oxArray* const> arguments);
