@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS ?= 2
 
-.PHONY: all deps build test test-unit test-octave test-browser bench demo octave-package clean
+.PHONY: all deps build test test-unit test-octave test-browser bench demo octave-package fuzz clean
 
 all: build
 
@@ -37,6 +37,16 @@ demo: build
 # Octave's package of tempogauge: $(BUILD)/tempogauge-<version>.tar.gz, for pkg install.
 octave-package: build
 	@octave/package/make-package $(BUILD)
+
+# The trace loader under libFuzzer with ASan and UBSan (clang), for FUZZ_TIME
+# seconds from the seed corpus in fuzz/corpus; see README "Fuzzing".
+FUZZ_BUILD ?= build-fuzz
+FUZZ_TIME ?= 600
+fuzz: deps
+	cmake -S . -B $(FUZZ_BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_C_COMPILER=clang \
+	  -DCMAKE_CXX_COMPILER=clang++ -DTG_SANITIZE=address,undefined,float-cast-overflow -DTG_FUZZ=ON
+	cmake --build $(FUZZ_BUILD) --target trace_loader_fuzz -j$(JOBS)
+	fuzz/run $(FUZZ_BUILD) $(FUZZ_TIME)
 
 clean:
 	rm -rf $(BUILD)

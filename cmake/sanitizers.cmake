@@ -13,3 +13,19 @@ if(TG_SANITIZE)
     add_link_options(-shared-libsan -Wl,-rpath,${TG_SANITIZER_RUNTIME_DIR})
   endif()
 endif()
+
+# TG_FUZZ: the loader's libFuzzer target (fuzz/). Every target is compiled
+# with the fuzzer's coverage hooks, so that it is guided by the branches of
+# the library, not only by those of the target's own file. The hooks of the
+# shared library are resolved by the sanitizer runtime, so TG_SANITIZE must
+# name one (make fuzz gives address,undefined).
+option(TG_FUZZ "Build the libFuzzer target of the trace loader (clang only)" OFF)
+if(TG_FUZZ)
+  if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    message(FATAL_ERROR "TG_FUZZ needs clang's libFuzzer: configure with -DCMAKE_CXX_COMPILER=clang++")
+  endif()
+  if(NOT TG_SANITIZE)
+    message(FATAL_ERROR "TG_FUZZ needs TG_SANITIZE (e.g. address,undefined)")
+  endif()
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
