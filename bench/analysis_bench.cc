@@ -132,32 +132,11 @@ void BM_CallTree(benchmark::State& state) {
   }
 }
 
-// The three together, as a report driver runs them.
-void BM_PairAggregateCallTree(benchmark::State& state) {
-  const RawPointVector& trace = traceOf(static_cast<std::size_t>(state.range(0)));
-  for (auto _ : state) {
-    state.PauseTiming();
-    RawPointVector copy = deepCopy(trace);
-    state.ResumeTiming();
-    TGProcessedDataStruct r = analyzeRawPoints(copy, {"BenchGrouping"}, false);
-    AggregateTable table = buildAggregateTable(r.processedPoints);
-    CallTree roots = buildCallTree(r.processedPoints);
-    benchmark::DoNotOptimize(roots.data());
-    state.PauseTiming();
-    roots.clear();
-    table = {};
-    r = {};
-    copy.clear();
-    state.ResumeTiming();
-  }
-}
-
 }  // namespace
 
 BENCHMARK(BM_Pairing)->Arg(1'000'000)->Arg(2'000'000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_AggregateTable)->Arg(1'000'000)->Arg(2'000'000)->Unit(benchmark::kMillisecond)->Iterations(1);
 BENCHMARK(BM_CallTree)->Arg(1'000'000)->Arg(2'000'000)->Unit(benchmark::kMillisecond)->Iterations(1);
-BENCHMARK(BM_PairAggregateCallTree)->Arg(1'000'000)->Arg(2'000'000)->Unit(benchmark::kMillisecond)->Iterations(1);
 
 namespace {
 

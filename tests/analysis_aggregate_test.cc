@@ -1,17 +1,35 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The aggregate table: sums, self values through "_self" gaps, maxima.
+// The aggregate table: sums, self values through "_self" gaps, maxima. The
+// tables are compared with tests/golden/analysis_aggregate.txt.
 #include <gtest/gtest.h>
 
+#include <map>
+#include <sstream>
+
 #include "analysis_trace_builder.h"
+#include "golden_text.h"
 #include "tempogauge/tempogauge.h"
 
 namespace {
 
 using tgtest::TraceBuilder;
 
-const TGAggregateDataPoint* entry(const AggregateTable& table, const std::string& phase) {
-  const auto it = table.find(tgGetId(tg::kPhaseKind, phase));
-  return it == table.end() ? nullptr : it->second.get();
+// The entries by phase name, one line each.
+std::string tableText(const AggregateTable& table) {
+  std::map<std::string, std::string> lines;
+  for (const auto& [id, e] : table) {
+    std::ostringstream line;
+    line << ": hits " << e->hitCount << ", " << (e->isParent ? "parent" : "leaf") << ", kind " << e->pointType
+         << ", grouping " << tgGetNameStr(tg::kGroupingKind, e->grouping) << ", wc " << e->wcTotal << "/"
+         << e->wcSelf << ", cpu " << e->cpuTotal << "/" << e->cpuSelf << ", usage " << e->procMemUsageMax << " d"
+         << e->procMemUsageDeltaSelf << ", peak " << e->procMemUsagePeakMax << " d" << e->procMemUsagePeakDeltaSelf
+         << ", vm " << e->procVMSizeMax << ", detailed " << e->freeMemMax << " " << e->resMemMax << " "
+         << e->commitMemMax << " " << e->dllsMemMax << " " << e->nonprocessMemMax << "\n";
+    lines[tgGetNameStr(tg::kPhaseKind, id)] = line.str();
+  }
+  std::string out;
+  for (const auto& [name, line] : lines) out += name + line;
+  return out;
 }
 
 ProcessedPointPtr processed(const std::string& phase, double wc, std::int32_t children, bool gap = false) {
@@ -24,45 +42,22 @@ ProcessedPointPtr processed(const std::string& phase, double wc, std::int32_t ch
   return p;
 }
 
-TEST(AggregateTable, RepeatedLeafSumsAndCountsHits) {
-  TraceBuilder t;
-  t.start("Leaf").stop("Leaf", 0.5).start("Leaf", 0.01).stop("Leaf", 0.25).start("Leaf", 0.01).stop("Leaf", 1.0);
-  const auto r = analyzeRawPoints(t.points, {"G"}, false);
-  const auto table = buildAggregateTable(r.processedPoints);
-  ASSERT_EQ(table.size(), 1u);
-  const auto* leaf = entry(table, "Leaf");
-  ASSERT_TRUE(leaf);
-  EXPECT_EQ(leaf->hitCount, 3);
-  EXPECT_DOUBLE_EQ(leaf->wcTotal, 1.75);
-  EXPECT_DOUBLE_EQ(leaf->wcSelf, leaf->wcTotal);
-  EXPECT_DOUBLE_EQ(leaf->cpuSelf, leaf->cpuTotal);
-  EXPECT_FALSE(leaf->isParent);
-  EXPECT_EQ(leaf->pointType, 0);
-  EXPECT_EQ(leaf->grouping, tgGetId(tg::kGroupingKind, "G"));
-}
-
-TEST(AggregateTable, ParentSelfTimeIsTheSumOfItsSelfGaps) {
-  TraceBuilder t;
-  t.start("Parent").start("Kid", 0.3).stop("Kid", 2.0).start("Kid", 0.05).stop("Kid", 1.0).stop("Parent", 0.2);
-  const auto r = analyzeRawPoints(t.points, {"G"}, false);
-  ASSERT_FALSE(r.hasErrors);
-  const auto table = buildAggregateTable(r.processedPoints);
-  const auto* parent = entry(table, "Parent");
-  ASSERT_TRUE(parent);
-  EXPECT_NEAR(parent->wcSelf, 0.3, 1e-12);  // the 0.05 between the kids is below the threshold
-  EXPECT_NEAR(parent->wcTotal, 3.55, 1e-12);
-  EXPECT_EQ(parent->hitCount, 1);
-  EXPECT_TRUE(parent->isParent);
-  EXPECT_EQ(entry(table, "Parent_self"), nullptr);
-  const auto* post = entry(table, "Kid_post");
-  ASSERT_TRUE(post);
-  EXPECT_EQ(post->hitCount, 1);
-  EXPECT_NEAR(post->wcTotal, 0.2, 1e-12);
-  EXPECT_EQ(entry(table, "Kid")->hitCount, 2);
+TEST(AggregateTable, EntriesOfPairedTraces) {
+  tgtest::GoldenFile golden("analysis_aggregate");
+  TraceBuilder leaf;
+  leaf.start("Leaf").stop("Leaf", 0.5).start("Leaf", 0.01).stop("Leaf", 0.25).start("Leaf", 0.01).stop("Leaf", 1.0);
+  golden.expect("a repeated leaf sums and counts hits",
+                tableText(buildAggregateTable(analyzeRawPoints(leaf.points, {"G"}, false).processedPoints)));
+  // The 0.05 between the kids is below the threshold: no gap.
+  TraceBuilder parent;
+  parent.start("Parent").start("Kid", 0.3).stop("Kid", 2.0).start("Kid", 0.05).stop("Kid", 1.0).stop("Parent", 0.2);
+  golden.expect("a parent's self time is the sum of its self gaps",
+                tableText(buildAggregateTable(analyzeRawPoints(parent.points, {"G"}, false).processedPoints)));
+  EXPECT_TRUE(buildAggregateTable({}).empty());
 }
 
 TEST(AggregateTable, SelfFoldingByNameAndItsLimits) {
-  const AggregateTable table = buildAggregateTable({
+  tgtest::GoldenFile("analysis_aggregate").expect("self folding", tableText(buildAggregateTable({
       processed("Outer", 5.0, 2),
       processed("Outer_self", 0.5, 0, true),
       processed("Outer_self", 0.25, 0),      // a user's phase of such a name folds too
@@ -70,20 +65,11 @@ TEST(AggregateTable, SelfFoldingByNameAndItsLimits) {
       processed("_self", 0.1, 0),            // at the front: an ordinary phase
       processed("_selfish", 0.1, 0),
       processed("GapParent", 1.0, 1, true),  // a gap with children is skipped
-  });
-  EXPECT_DOUBLE_EQ(entry(table, "Outer")->wcSelf, 0.75);
-  EXPECT_DOUBLE_EQ(entry(table, "Outer")->cpuSelf, 0.375);
-  EXPECT_EQ(entry(table, "Outer")->hitCount, 1);
-  EXPECT_EQ(entry(table, "Orphan"), nullptr);
-  EXPECT_EQ(entry(table, "Orphan_self"), nullptr);
-  ASSERT_TRUE(entry(table, "_self"));
-  EXPECT_EQ(entry(table, "_self")->hitCount, 1);
-  ASSERT_TRUE(entry(table, "_selfish"));
-  EXPECT_EQ(entry(table, "GapParent"), nullptr);
-  EXPECT_EQ(table.size(), 3u);
-  EXPECT_TRUE(buildAggregateTable({}).empty());
+  })));
 }
 
+// The first point decides parent and grouping; maxima only rise; the second
+// point had children, so its time and deltas are not its own.
 TEST(AggregateTable, FirstPointDecidesParentAndGroupingWhileMaximaOnlyRise) {
   auto first = processed("Shape", 1.0, 0);
   first->basicMem->procMemUsage = -5.0;
@@ -94,17 +80,8 @@ TEST(AggregateTable, FirstPointDecidesParentAndGroupingWhileMaximaOnlyRise) {
   second->basicMem->procVMSize = 9.0;
   second->detailedMem->commitMem = 4.0;
   second->basicMem->procMemUsageDelta = 2.0;
-  const auto table = buildAggregateTable({first, second});
-  const auto* shape = entry(table, "Shape");
-  EXPECT_FALSE(shape->isParent);
-  EXPECT_EQ(shape->grouping, tgGetId(tg::kGroupingKind, "G"));
-  EXPECT_EQ(shape->hitCount, 2);
-  EXPECT_DOUBLE_EQ(shape->wcSelf, 1.0);  // the second had children
-  EXPECT_DOUBLE_EQ(shape->procMemUsageMax, 7.0);
-  EXPECT_DOUBLE_EQ(shape->procVMSizeMax, 9.0);
-  EXPECT_DOUBLE_EQ(shape->commitMemMax, 4.0);
-  EXPECT_DOUBLE_EQ(shape->freeMemMax, 0.0);
-  EXPECT_DOUBLE_EQ(shape->procMemUsageDeltaSelf, 0.0);
+  tgtest::GoldenFile("analysis_aggregate")
+      .expect("first point decides", tableText(buildAggregateTable({first, second})));
 }
 
 }  // namespace

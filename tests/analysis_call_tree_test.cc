@@ -35,13 +35,24 @@ CallTreeNodePtr node(std::uint32_t signature, std::vector<std::int32_t> ids, boo
   return n;
 }
 
+// A tree as text: each node's number (or signature), its rows, "gap" for a
+// gap, its children in braces.
+std::string treeText(const CallTree& list, bool signatures = false) {
+  std::string out;
+  for (const auto& n : list) {
+    out += (out.empty() ? "" : " ") + (signatures ? std::to_string(n->signature) : n->phaseNum) + "[";
+    for (std::size_t i = 0; i < n->ids.size(); ++i) out += (i ? " " : "") + std::to_string(n->ids[i]);
+    out += n->isGap ? "]gap" : "]";
+    if (!n->children.empty()) out += "{" + treeText(n->children, signatures) + "}";
+  }
+  return out;
+}
+
 TEST(CallTree, HashIsTheWordSumOfTheMd5OfTheFourBytes) {
   // Values from an independent MD5 of the little-endian bytes.
-  EXPECT_EQ(hashID(0), 937169022u);
-  EXPECT_EQ(hashID(1), 2078896056u);
-  EXPECT_EQ(hashID(-1), 4086641230u);
-  EXPECT_EQ(hashID(12345), 2246446227u);
-  EXPECT_EQ(hashID(12345), 2246446227u);  // and again, from memory
+  for (const auto& [value, hash] : {std::pair{0, 937169022u}, {1, 2078896056u}, {-1, 4086641230u},
+                                     {12345, 2246446227u}, {12345, 2246446227u}})  // the last from memory
+    EXPECT_EQ(hashID(value), hash) << value;
   tg::Md5Checksum md5;
   md5.addn("abc", 3);
   const auto digest = md5.getValueAndReset();
@@ -66,11 +77,9 @@ TEST(CallTree, NodeSignaturesAndDirectChildren) {
   EXPECT_EQ(gap[0]->signature, hashID(tgGetId(tg::kPhaseKind, "Step_post")));
   EXPECT_TRUE(gap[0]->isGap);
 
-  EXPECT_TRUE(isDirectChild("1.2", "1.2.3"));
-  EXPECT_FALSE(isDirectChild("1.2", "1.2.3.1"));
-  EXPECT_FALSE(isDirectChild("1.2", "1.23"));
-  EXPECT_FALSE(isDirectChild("1.2", "1.3.1"));
-  EXPECT_TRUE(isDirectChild("12", "12.1"));
+  for (const auto& [parent, child, direct] : {std::tuple{"1.2", "1.2.3", true}, {"1.2", "1.2.3.1", false},
+                                               {"1.2", "1.23", false}, {"1.2", "1.3.1", false}, {"12", "12.1", true}})
+    EXPECT_EQ(isDirectChild(parent, child), direct) << parent << " " << child;
 }
 
 TEST(CallTree, PointWithoutParentOnTheStackBecomesARoot) {
@@ -80,13 +89,7 @@ TEST(CallTree, PointWithoutParentOnTheStackBecomesARoot) {
       numbered("D", "3.1", 4, 1),   // parent, no "3" open
       numbered("E", "3.1.1", 5, 0),
   });
-  ASSERT_EQ(roots.size(), 3u);
-  EXPECT_EQ(roots[0]->phaseNum, "1");
-  ASSERT_EQ(roots[0]->children.size(), 1u);
-  EXPECT_EQ(roots[1]->phaseNum, "2.1");
-  EXPECT_EQ(roots[2]->phaseNum, "3.1");
-  ASSERT_EQ(roots[2]->children.size(), 1u);
-  EXPECT_EQ(roots[2]->children[0]->ids, (std::vector<std::int32_t>{4}));
+  EXPECT_EQ(treeText(roots), "1[0]{1.1[1]} 2.1[2] 3.1[3]{3.1.1[4]}");
 }
 
 TEST(CallTree, RunsOfLikeChildrenCountOnceAndGapsNotAtAll) {
@@ -116,14 +119,7 @@ TEST(CallTree, LikeLoopsMergeIntoOneNodeWithAllRows) {
   t.start("Other", 0.01).stop("Other", 0.01);
   const auto r = analyzeRawPoints(t.points, {"G"}, false);
   ASSERT_EQ(r.processedPoints.size(), 7u);
-  const CallTree roots = buildCallTree(r.processedPoints);
-  ASSERT_EQ(roots.size(), 2u);
-  EXPECT_EQ(roots[0]->ids, (std::vector<std::int32_t>{0, 3}));
-  ASSERT_EQ(roots[0]->children.size(), 2u);
-  EXPECT_EQ(roots[0]->children[0]->ids, (std::vector<std::int32_t>{1, 4}));
-  EXPECT_EQ(roots[0]->children[1]->ids, (std::vector<std::int32_t>{2, 5}));
-  EXPECT_EQ(roots[1]->ids, (std::vector<std::int32_t>{6}));
-  EXPECT_EQ(roots[1]->phaseNum, "3");
+  EXPECT_EQ(treeText(buildCallTree(r.processedPoints)), "1[0 3]{1.1[1 4] 1.2[2 5]} 3[6]");
   EXPECT_TRUE(buildCallTree({}).empty());
 }
 
@@ -134,10 +130,7 @@ TEST(CallTree, MergeTakesOverGapsAndDropsOtherMismatches) {
   callTreeNode b;
   b.children = {node(9, {20}, true), node(1, {21}), node(3, {22}), node(2, {23})};
   mergeTrees(a, b);
-  ASSERT_EQ(a.children.size(), 3u);
-  EXPECT_EQ(a.children[0]->ids, (std::vector<std::int32_t>{20}));  // the gap, taken over
-  EXPECT_EQ(a.children[1]->ids, (std::vector<std::int32_t>{10, 21}));
-  EXPECT_EQ(a.children[2]->ids, (std::vector<std::int32_t>{11, 23}));  // Z was dropped
+  EXPECT_EQ(treeText(a.children, true), "9[20]gap 1[10 21] 2[11 23]");  // the gap taken over, Z dropped
 
   // The step counter keeps counting steps that moved only b: after two
   // dropped children of b, a gap taken over puts the walk of a past its end.
@@ -146,24 +139,15 @@ TEST(CallTree, MergeTakesOverGapsAndDropsOtherMismatches) {
   callTreeNode d;
   d.children = {node(7, {5}), node(8, {6}), node(9, {7}, true), node(1, {8})};
   mergeTrees(c, d);
-  ASSERT_EQ(c.children.size(), 4u);
-  EXPECT_EQ(c.children[0]->ids, (std::vector<std::int32_t>{7}));
-  EXPECT_EQ(c.children[1]->ids, (std::vector<std::int32_t>{0}));  // never compared with d's 1
+  EXPECT_EQ(treeText(c.children, true), "9[7]gap 1[0] 2[1] 3[2]");  // 1 never compared with d's 1
 }
 
 TEST(CallTree, SiblingsMergeOnlyWithTheFirstOfTheirSignature) {
   CallTree list{node(1, {0}, false, {node(5, {1})}), node(2, {2}), node(1, {3}, false, {node(5, {4})}),
                 node(1, {5})};
   mergeSiblings(list);
-  ASSERT_EQ(list.size(), 2u);
-  EXPECT_EQ(list[0]->ids, (std::vector<std::int32_t>{0, 3, 5}));
-  EXPECT_EQ(list[0]->children[0]->ids, (std::vector<std::int32_t>{1, 4}));
-  EXPECT_EQ(list[1]->ids, (std::vector<std::int32_t>{2}));
+  EXPECT_EQ(treeText(list, true), "1[0 3 5]{5[1 4]} 2[2]");
 }
-
-}  // namespace
-
-namespace {
 
 // Sibling merging as plainly as it can be said: recursion, an ordered map,
 // removal from the middle of the list.
@@ -184,17 +168,6 @@ void plainMergeSiblings(CallTree& list) {
   }
 }
 
-void expectSameTree(const CallTree& a, const CallTree& b) {
-  ASSERT_EQ(a.size(), b.size());
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    EXPECT_EQ(a[i]->ids, b[i]->ids);
-    EXPECT_EQ(a[i]->phaseNum, b[i]->phaseNum);
-    EXPECT_EQ(a[i]->signature, b[i]->signature);
-    EXPECT_EQ(a[i]->isGap, b[i]->isGap);
-    expectSameTree(a[i]->children, b[i]->children);
-  }
-}
-
 TEST(CallTree, MergingAgreesWithThePlainRecursionOnRandomTraces) {
   std::mt19937 rng(99);
   int merged = 0;
@@ -210,7 +183,8 @@ TEST(CallTree, MergingAgreesWithThePlainRecursionOnRandomTraces) {
     plainMergeSiblings(expected);
     const CallTree actual = buildCallTree(r.processedPoints);
     SCOPED_TRACE("trace " + std::to_string(n));
-    expectSameTree(actual, expected);
+    ASSERT_EQ(treeText(actual), treeText(expected));
+    ASSERT_EQ(treeText(actual, true), treeText(expected, true));
     merged += actual.size() < linkCallTreeNodes(r.processedPoints).size();
     if (HasFailure()) break;
   }

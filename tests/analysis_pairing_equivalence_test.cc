@@ -6,7 +6,7 @@
 #include <iomanip>
 #include <random>
 #include <sstream>
-#include <type_traits>
+#include <concepts>
 
 #include "analysis/pairing_gap.h"
 #include "analysis_random_trace.h"
@@ -19,58 +19,42 @@ using tgtest::deepCopy;
 // Every field of a record or point as text, so that two walks compare with
 // one string each and a failure shows where they part. Doubles are written
 // exactly (17 digits, -0 as 0), so equal texts mean equal values.
-class Fields {
- public:
-  Fields& operator<<(double v) {
-    out_ << std::setprecision(17) << v + 0.0 << ' ';
-    return *this;
-  }
-  template <class Integer>
-    requires std::is_integral_v<Integer>
-  Fields& operator<<(Integer v) {
-    out_ << static_cast<long long>(v) << ' ';
-    return *this;
-  }
-  Fields& operator<<(const std::string& v) {
-    out_ << '"' << v << "\" ";
-    return *this;
-  }
-  Fields& operator<<(const tg::BasicMemStats* m) {
-    if (!m) return *this << std::string("no basic");
-    *this << m->procMemUsage << m->procMemUsagePeak << m->procVMSize;
-    if (const auto* d = dynamic_cast<const tg::BasicProcessedMemStats*>(m))
-      *this << d->procMemUsageDelta << d->procMemUsagePeakDelta << d->procVMSizeDelta;
-    return *this;
-  }
-  Fields& operator<<(const tg::DetailedMemStats* m) {
-    if (!m) return *this << std::string("no detailed");
-    *this << m->freeMem << m->resMem << m->commitMem << m->dllsMem << m->nonprocessMem;
-    if (const auto* d = dynamic_cast<const tg::DetailedProcessedMemStats*>(m))
-      *this << d->freeMemDelta << d->resMemDelta << d->commitMemDelta << d->dllsMemDelta << d->nonprocessMemDelta;
-    return *this;
-  }
-  std::string str() const { return out_.str(); }
-
- private:
-  std::ostringstream out_;
-};
+void put(std::ostream& out, double v) { out << std::setprecision(17) << v + 0.0 << ' '; }
+void put(std::ostream& out, std::integral auto v) { out << static_cast<long long>(v) << ' '; }
+void put(std::ostream& out, const std::string& v) { out << '"' << v << "\" "; }
+void put(std::ostream& out, const tg::BasicMemStats* m) {
+  if (!m) return put(out, std::string("no basic"));
+  for (const double v : {m->procMemUsage, m->procMemUsagePeak, m->procVMSize}) put(out, v);
+  if (const auto* d = dynamic_cast<const tg::BasicProcessedMemStats*>(m))
+    for (const double v : {d->procMemUsageDelta, d->procMemUsagePeakDelta, d->procVMSizeDelta}) put(out, v);
+}
+void put(std::ostream& out, const tg::DetailedMemStats* m) {
+  if (!m) return put(out, std::string("no detailed"));
+  for (const double v : {m->freeMem, m->resMem, m->commitMem, m->dllsMem, m->nonprocessMem}) put(out, v);
+  if (const auto* d = dynamic_cast<const tg::DetailedProcessedMemStats*>(m))
+    for (const double v : {d->freeMemDelta, d->resMemDelta, d->commitMemDelta, d->dllsMemDelta, d->nonprocessMemDelta})
+      put(out, v);
+}
+template <class... Values>
+std::string fields(const Values&... values) {
+  std::ostringstream out;
+  (put(out, values), ...);
+  return out.str();
+}
 
 std::string fieldsOf(const TGORRERYProcessedDataPoint& p) {
-  Fields f;
-  f << p.pointType << p.grouping << p.phaseID << p.statisticsType << p.getModel() << p.getTarget()
-    << p.getMachine() << p.getChart() << p.wcStartTime << p.wcElapsedTime << p.cpuStartTime << p.cpuElapsedTime
-    << p.basicMem.get() << p.detailedMem.get() << p.detailedStartMem.get() << p.flags.errorRow
-    << p.flags.gapRow << p.HTMLPhaseNumString << p.HTMLRowNumber << p.numChildren << p.stackDepth
-    << p.parentPhaseID;
-  for (const auto id : p.childrenIDs) f << id;
-  return f.str();
+  std::string text = fields(p.pointType, p.grouping, p.phaseID, p.statisticsType, p.getModel(), p.getTarget(),
+                            p.getMachine(), p.getChart(), p.wcStartTime, p.wcElapsedTime, p.cpuStartTime,
+                            p.cpuElapsedTime, p.basicMem.get(), p.detailedMem.get(), p.detailedStartMem.get(),
+                            p.flags.errorRow, p.flags.gapRow, p.HTMLPhaseNumString, p.HTMLRowNumber, p.numChildren,
+                            p.stackDepth, p.parentPhaseID);
+  for (const auto id : p.childrenIDs) text += fields(id);
+  return text;
 }
 
 std::string fieldsOf(const TGProcessedDataStruct& r, const ProcessedPointVector& points) {
-  Fields f;
-  f << r.hasErrors << r.hasDetailedMemStats << r.maxDepth << r.topWCTotal << r.topCPUTotal << r.topWCTotalCopy
-    << r.topCPUTotalCopy << r.baseWCTime << r.baseCPUTime;
-  std::string text = f.str();
+  std::string text = fields(r.hasErrors, r.hasDetailedMemStats, r.maxDepth, r.topWCTotal, r.topCPUTotal,
+                            r.topWCTotalCopy, r.topCPUTotalCopy, r.baseWCTime, r.baseCPUTime);
   for (const auto& p : points) text += "\n" + fieldsOf(*p);
   return text;
 }
@@ -78,11 +62,10 @@ std::string fieldsOf(const TGProcessedDataStruct& r, const ProcessedPointVector&
 std::string fieldsOf(const RawPointVector& v) {
   std::string text;
   for (const auto& p : v) {
-    Fields f;
     if (p)
-      f << p->pointType << p->groupingId << p->phaseId << p->isStart() << p->isGap() << p->wallTime << p->cpuTime
-        << p->basicMemStats.get() << p->detailedMemStats.get();
-    text += f.str() + "\n";
+      text += fields(p->pointType, p->groupingId, p->phaseId, p->isStart(), p->isGap(), p->wallTime, p->cpuTime,
+                     p->basicMemStats.get(), p->detailedMemStats.get());
+    text += "\n";
   }
   return text;
 }

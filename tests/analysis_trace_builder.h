@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "analysis/pairing.h"
@@ -81,5 +82,26 @@ class TraceBuilder {
   double now = 0.0;
   RawPointVector points;
 };
+
+// A pairing result as text for golden comparisons: the totals, then one line
+// per processed point with its number, name, place, times and flags.
+inline std::string rowsText(const TGProcessedDataStruct& r) {
+  std::ostringstream out;
+  const auto name = [](tg::NameKind kind, std::int32_t id) {
+    return id < 0 ? std::string("-") : tgGetNameStr(kind, id);
+  };
+  out << "errors " << r.hasErrors << ", detailed " << r.hasDetailedMemStats << ", depth " << r.maxDepth
+      << ", top " << r.topWCTotal << "/" << r.topCPUTotal << " (copies " << r.topWCTotalCopy << "/"
+      << r.topCPUTotalCopy << "), base " << r.baseWCTime << "/" << r.baseCPUTime << "\n";
+  for (const auto& p : r.processedPoints) {
+    out << p->HTMLPhaseNumString << " " << name(tg::kPhaseKind, p->phaseID) << ": row " << p->HTMLRowNumber
+        << ", kind " << p->pointType << ", grouping " << name(tg::kGroupingKind, p->grouping) << ", depth "
+        << p->stackDepth << ", parent " << name(tg::kPhaseKind, p->parentPhaseID) << ", start " << p->wcStartTime
+        << ", wc " << p->wcElapsedTime << ", cpu " << p->cpuElapsedTime << ", kids " << p->numChildren << " [";
+    for (std::size_t i = 0; i < p->childrenIDs.size(); ++i) out << (i ? " " : "") << p->childrenIDs[i];
+    out << "]" << (p->isGapRow() ? " gap" : "") << (p->isErrorRow() ? " error" : "") << "\n";
+  }
+  return out.str();
+}
 
 }  // namespace tgtest
