@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <regex>
+#include <sstream>
 
 #include "golden_text.h"
 #include "report_doc_trace.h"
@@ -15,7 +17,6 @@ namespace {
 namespace fs = std::filesystem;
 using tgtest::countOf;
 using tgtest::expectHas;
-using tgtest::expectInOrder;
 using tgtest::readFile;
 
 RawPointVector nestedRun(bool detailed, bool slower = false) {
@@ -62,68 +63,44 @@ class ReportDriverTest : public ::testing::Test {
   tgtest::ScratchDir scratch_{"tg_report_drivers"};
 };
 
-TEST_F(ReportDriverTest, AggregateReportHoldsItsPiecesInOrderAndNothingElse) {
+// The skeleton of a page, in order: title, body, the elements with ids, the
+// end of the document, the script elements and the data arrays.
+std::string outline(const std::string& page) {
+  static const std::regex piece(
+      R"(^\s*(<title>.*|<body.*|<\w+[^>]*? id = "[^"]*"|</html>|<script.*|</script>|)"
+      R"(var (procData|aggData|callTreeArray|Phase|Grouping|Model|Target|Machine|Chart|\w*[sS]truct) = ))");
+  std::string out, line;
+  std::istringstream in(page);
+  std::smatch match;
+  while (std::getline(in, line))
+    if (std::regex_search(line, match, piece)) out += match[1].str() + "\n";
+  return out;
+}
+
+// Each report kind: its skeleton (tests/golden/report_doc_drivers.txt), its
+// scripts, and none of another kind's pieces.
+TEST_F(ReportDriverTest, EachReportKindHoldsItsPiecesInOrderAndNothingElse) {
+  tgtest::GoldenFile golden("report_doc_drivers");
   ASSERT_TRUE(single(true, "aggregate.html", "time", nestedRun(false), "GLOBAL"));
-  const auto text = readFile(path("aggregate.html"));
-  EXPECT_EQ(text.rfind("<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n", 0), 0u);
-  expectInOrder(text, {"<html xmlns=\"http://www.w3.org/1999/xhtml\"xml:lang=\"en\" lang=\"en\">\n",
-                       "    <head>\n", "<title>Full Tracer Report</title>",
-                       "    <body onresize=\"onResizeAction()\" onload=\"ShowTable('aggregateSummary'); "
-                       "onResizeAction();\">\n",
-                       "        <div align=\"center\">\n", "id = \"headerTable\"", "id = \"aggregateSummaryDiv\"",
-                       "id = \"systemInfoTableDiv\"", "Only CPU", "        </div>\n",
-                       "id = \"aggregateSummaryScrollTableDiv\"", "id = \"FakeSpan\"", "    </body>\n</html>\n",
-                       "function ShowTable(", "function quicksort(", "var ABSMAXNUMPHASES = 32;",
-                       "function sortAggData(", "    </script>\n    <script type=\"text/javascript\">\n",
-                       "var Phase = [", "var aggData = [", "    </script>\n"});
-  EXPECT_TRUE(text.ends_with("];\n\n    </script>\n"));
-  EXPECT_EQ(countOf(text, "<div id=\"header\""), 2u);
-  expectHas(text, {}, {"phaseSummaryDiv", "callTreeSummaryDiv", "var procData", "var callTreeArray", "openDetailTab",
-                       "'Detail'", "td.GT50"});
-  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
-}
-
-TEST_F(ReportDriverTest, DetailReportCarriesAllThreeViews) {
   ASSERT_TRUE(single(false, "detail.html", "time", nestedRun(false)));
-  const auto text = readFile(path("detail.html"));
-  expectInOrder(text, {"<title>Workload</title>", "<li><span>Aggregate</span></li>",
-                       "ShowTable('callTreeSummary')\">Call Tree</a>", "ShowTable('phaseSummary')\">Details</a>",
-                       "ShowTable('systemInfo')\">System Info</a>", "id = \"aggregateSummaryDiv\"",
-                       "id = \"callTreeSummaryDiv\"", "id = \"phaseSummaryDiv\"", "id = \"systemInfoTableDiv\"",
-                       "'Aggregate');\"></div>", "'Detail');\"></div>", "'CallTree');\"></div>", "</html>\n",
-                       "function ShowTable(", "function quicksort(", "function filterCTDataView(",
-                       "function openDetailTab(nodeIndex)", "var callTreeArray", "var procData = [",
-                       "var Phase = [", "var aggData = ["});
-  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
-  // The indent rules follow the depth of the call tree: Outer > Middle > Inner.
-  expectHas(text, {"td.phaseNameCell2 {"}, {"td.phaseNameCell7 {", "MemChart"});
-}
-
-TEST_F(ReportDriverTest, DifferenceReportHasNoCallTreePieces) {
   ASSERT_TRUE(comparison(false, "diff.html", "time", nestedRun(false), nestedRun(false, true), "GLOBAL"));
-  const auto text = readFile(path("diff.html"));
-  expectInOrder(text, {"<title>Performance Comparison</title>", "td.GT50 {", "id = \"headerTable\"",
-                       "id = \"phaseSummaryDiv\"", "id = \"aggregateSummaryDiv\"", "id = \"systemInfoTableDiv\"",
-                       "Left CPU", "Right CPU", "function ShowTable(", "'Aggregate');\"></div>",
-                       "'Detail');\"></div>", "    </body>\n</html>\n", "function quicksort(",
-                       "var lhsLabel = \"Left run\"", "var procData = [", "function openDetailTab(phaseName)",
-                       "var Phase = [", "var aggData = ["});
-  expectHas(text, {}, {"id = \"callTreeSummaryDiv\"", "id = \"callTreeSummaryScrollTableDiv\"", "Call Tree",
-                       "var callTreeArray", "callTreeHeader"});
-  EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>"));
-}
-
-TEST_F(ReportDriverTest, AggregateDifferenceReportKeepsTheDetailScroller) {
   ASSERT_TRUE(comparison(true, "aggdiff.html", "basicmemory", nestedRun(false), nestedRun(false, true)));
-  const auto text = readFile(path("aggdiff.html"));
-  expectInOrder(text, {"<title>Workload Performance Comparison</title>", "id = \"aggregateSummaryDiv\"",
-                       "id = \"systemInfoTableDiv\"", "function ShowTable(", "'Aggregate');\"></div>",
-                       "id = \"FakeSpan\"", "id = \"phaseSummaryScrollTableDiv\"", "    </body>\n</html>\n",
-                       "function quicksort(", "var rhsLabel = \"Right run\";", "function sortAggData(",
-                       "    </script>\n", "var Phase = [", "var aggDataStruct = makeStruct(\"IsParent Phase LHS_Count",
-                       "    </script>\n"});
-  EXPECT_EQ(countOf(text, "<div id=\"header\""), 2u);
-  expectHas(text, {}, {"id = \"phaseSummaryDiv\"", "var procData", "openDetailTab"});
+  for (const auto* name : {"aggregate.html", "detail.html", "diff.html", "aggdiff.html"}) {
+    const auto text = readFile(path(name));
+    golden.expect(std::string("outline of ") + name, outline(text));
+    EXPECT_TRUE(text.starts_with("<!DOCTYPE html PUBLIC \"-//W3C//DTD XHTML 1.0 Strict//EN\"\n")) << name;
+    EXPECT_EQ(countOf(text, "<script"), countOf(text, "</script>")) << name;
+    expectHas(text, {"function ShowTable(", "function quicksort("});
+  }
+  expectHas(readFile(path("aggregate.html")), {"function sortAggData(", "var ABSMAXNUMPHASES = 32;"},
+            {"openDetailTab", "'Detail'", "td.GT50"});
+  // The indent rules follow the depth of the call tree: Outer > Middle > Inner.
+  expectHas(readFile(path("detail.html")),
+            {"function filterCTDataView(", "function openDetailTab(nodeIndex)", "td.phaseNameCell2 {"},
+            {"td.phaseNameCell7 {", "MemChart"});
+  expectHas(readFile(path("diff.html")), {"td.GT50 {", "function openDetailTab(phaseName)"},
+            {"Call Tree", "callTreeHeader"});
+  expectHas(readFile(path("aggdiff.html")), {"function sortAggData("}, {"openDetailTab"});
 }
 
 TEST_F(ReportDriverTest, ComparisonHeadTakesTheDeeperRun) {
