@@ -5,6 +5,7 @@
 
 #include <unistd.h>
 
+#include <array>
 #include <filesystem>
 #include <map>
 #include <stdexcept>
@@ -26,7 +27,7 @@ int askStandalone(std::string_view function, std::vector<std::string> texts, oxA
   std::vector<const oxArray*> raw;
   for (const auto& t : texts) inputs.push_back(oxCreateString(t));
   for (const auto& i : inputs) raw.push_back(i.get());
-  oxArrayPtr out[1];
+  std::array<oxArrayPtr, 1> out;
   const int status = bridge.call(function, out, raw);
   answer = std::move(out[0]);
   return status;
@@ -85,18 +86,15 @@ TEST(StandaloneBridge, RootIsTheFolderOfTheLibrary) {
 
 TEST(StandaloneBridge, UnknownFunctionsAndArgumentsFail) {
   oxArrayPtr answer;
-  EXPECT_NE(askStandalone("cwsvInternal", {"x"}, answer), 0);
-  EXPECT_NE(askStandalone("version", {"-other"}, answer), 0);
-  EXPECT_NE(askStandalone("system_dependent", {"getram"}, answer), 0);
-  EXPECT_NE(askStandalone("system_dependent", {}, answer), 0);
-  EXPECT_NE(askStandalone("feature", {"numThreads"}, answer), 0);
-  EXPECT_NE(askStandalone("evalc", {"ls"}, answer), 0);
-  EXPECT_NE(askStandalone("orreryroot", {"x"}, answer), 0);
+  for (const auto& [function, texts] : std::vector<std::pair<std::string, std::vector<std::string>>>{
+           {"cwsvInternal", {"x"}}, {"version", {"-other"}}, {"system_dependent", {"getram"}}, {"system_dependent", {}},
+           {"feature", {"numThreads"}}, {"evalc", {"ls"}}, {"orreryroot", {"x"}}})
+    EXPECT_NE(askStandalone(function, texts, answer), 0) << function;
   // A numeric input where text is expected fails too.
   StandaloneBridge bridge;
   const auto number = oxCreateDoubleScalar(1);
-  const oxArray* inputs[] = {number.get()};
-  oxArrayPtr out[1];
+  const std::array<const oxArray*, 1> inputs{number.get()};
+  std::array<oxArrayPtr, 1> out;
   EXPECT_NE(bridge.call("feature", out, inputs), 0);
   // Asking for no output is allowed.
   EXPECT_EQ(bridge.call("version", {}, {}), 0);
@@ -128,7 +126,7 @@ TEST_F(InstalledBridge, CommandsRunSynchronouslyAndReportFailure) {
   tgSetHostBridge(recording);
   const auto a = oxCreateString("cwsvSetSkipDetailedStackDiagnostics");
   const auto b = oxCreateLogicalScalar(false);
-  const oxArray* args[] = {a.get(), b.get()};
+  const std::array<const oxArray*, 2> args{a.get(), b.get()};
   tgRunHostCommand("cwsvInternal", args);
   ASSERT_EQ(recording->calls.size(), 1u);
   EXPECT_EQ(recording->calls[0].rfind("cwsvInternal cwsvSetSkipDetailedStackDiagnostics", 0), 0u);
