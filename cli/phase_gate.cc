@@ -2,22 +2,22 @@
 
 #include <cmath>
 #include <iostream>
+#include <sstream>
 
 #include "analysis/alignment.h"
+#include "analysis/repeated_runs.h"
 #include "collect/constants.h"
 
 namespace tg::cli {
-namespace {
-
-double mainFigure(const TGAggregateDataPoint& a, std::string_view metric) {
-  if (metric == tg::kMetricBasicMemory) return a.procMemUsageMax;
-  if (metric == tg::kMetricDetailedMemory) return a.commitMemMax;
-  return a.wcTotal;
-}
 
 const char* unitOf(std::string_view metric) { return metric == tg::kMetricTime ? "s" : "MiB"; }
 
-}  // namespace
+std::string limitsText(const GateOptions& options, const std::string& unit) {
+  std::ostringstream text;
+  text << options.failAbove << "%";
+  if (options.minAbs > 0) text << " and " << options.minAbs << " " << unit;
+  return text.str();
+}
 
 void addGateOptions(CLI::App& command, GateOptions& options) {
   command.add_option("--fail-above", options.failAbove,
@@ -44,8 +44,8 @@ std::vector<PhaseChange> comparePhases(const TGProcessedDataStruct& lhs, const T
     c.grouping = tgGetNameStr(tg::kGroupingKind, lead->grouping);
     c.inLhs = row.lhs != nullptr;
     c.inRhs = row.rhs != nullptr;
-    c.lhs = row.lhs ? mainFigure(*row.lhs, metric) : 0.0;
-    c.rhs = row.rhs ? mainFigure(*row.rhs, metric) : 0.0;
+    c.lhs = row.lhs ? phaseMainFigure(*row.lhs, metric) : 0.0;
+    c.rhs = row.rhs ? phaseMainFigure(*row.rhs, metric) : 0.0;
     c.absolute = c.rhs - c.lhs;
     if (!c.inLhs) c.relative = std::numeric_limits<double>::infinity();
     else if (c.lhs != 0.0) c.relative = 100.0 * c.absolute / std::fabs(c.lhs);
@@ -74,9 +74,7 @@ void runGate(const TGProcessedDataStruct& lhs, const TGProcessedDataStruct& rhs,
     table.addRow({c.phase, c.grouping, c.lhs, c.rhs, c.absolute, c.relative});
   }
   if (options.gating() && table.rowCount() == 0 && options.format == OutputFormat::Text) {
-    std::cout << "no phase grew by more than " << options.failAbove << "%"
-              << (options.minAbs > 0 ? " and " + std::to_string(options.minAbs) + " " + unit : std::string())
-              << "\n";
+    std::cout << "no phase grew by more than " << limitsText(options, unit) << "\n";
     return;
   }
   table.print(std::cout, options.format);

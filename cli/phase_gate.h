@@ -32,6 +32,12 @@ struct GateOptions {
   bool active() const { return gating() || formatGiven; }
 };
 
+// "s" for time, "MiB" for the memory metrics.
+const char* unitOf(std::string_view metric);
+
+// "20%" or "20% and 0.05 s": the limits as the gate's messages give them.
+std::string limitsText(const GateOptions& options, const std::string& unit);
+
 // --fail-above PCT, --min-abs X and --format.
 void addGateOptions(CLI::App& command, GateOptions& options);
 

@@ -8,6 +8,7 @@
 #include "cli/command_options.h"
 #include "cli/commands.h"
 #include "cli/phase_gate.h"
+#include "cli/repeated_runs_gate.h"
 #include "cli/saved_run.h"
 #include "cli/output_guard.h"
 #include "cli/tracer_call.h"
@@ -27,6 +28,7 @@ struct DiffOptions {
   std::string lhs, rhs, out, metric, grouping, lhsLabel, rhsLabel;
   bool aggregate = false;
   GateOptions gate;
+  RepeatedRunsOptions runs;  // --runs A... --vs B...
 };
 
 struct DiagnoseOptions {
@@ -60,7 +62,14 @@ bool pairsUp(RawPointVector raw, const std::string& grouping) {
   return !tgGetProcessedDataForGroupings(&raw, groupingsFor(grouping)).hasErrors;
 }
 
-void runDiff(const DiffOptions& o) {
+void runDiff(DiffOptions o) {
+  if (!o.runs.baseline.empty()) {
+    if (!o.lhs.empty()) throw CLI::ValidationError("give either LHS and RHS or --runs ... --vs ..., not both");
+    if (!o.lhsLabel.empty()) o.runs.baselineLabel = o.lhsLabel;
+    if (!o.rhsLabel.empty()) o.runs.candidateLabel = o.rhsLabel;
+    return runRepeatedRunsGate(o.runs, o.metric, o.grouping, o.gate);
+  }
+  if (o.rhs.empty()) throw CLI::ValidationError("diff needs two saved traces, LHS and RHS, or --runs A.orf ... --vs B.orf ...");
   if (o.gate.active())
     return runGate(readPairedRun(o.lhs, o.grouping).data, readPairedRun(o.rhs, o.grouping).data, o.metric, o.gate);
   const std::string out =
@@ -111,8 +120,8 @@ void addReportCommand(CLI::App& app) {
 void addDiffCommand(CLI::App& app) {
   auto o = std::make_shared<DiffOptions>();
   CLI::App* command = app.add_subcommand("diff", "Compare two saved runs phase by phase");
-  addTrace(*command, "LHS", o->lhs, "the saved trace of the baseline run");
-  addTrace(*command, "RHS", o->rhs, "the saved trace of the run to compare with it");
+  command->add_option("LHS", o->lhs, "the saved trace of the baseline run")->type_name("");
+  command->add_option("RHS", o->rhs, "the saved trace of the run to compare with it")->type_name("");
   addOutFile(*command, o->out);
   addMetric(*command, o->metric);
   addGrouping(*command, o->grouping);
@@ -122,9 +131,28 @@ void addDiffCommand(CLI::App& app) {
   command->add_option("--rhs-label", o->rhsLabel, "the other run's name in the report (default: its file's name)")
       ->type_name("R");
   addGateOptions(*command, o->gate);
+  CLI::Option* runs = command->add_option("--runs", o->runs.baseline, "repeated runs of the baseline (saved traces)")
+                          ->type_name("A.orf ...")
+                          ->expected(1, -1);
+  CLI::Option* vs = command->add_option("--vs", o->runs.candidate, "repeated runs to compare with them")
+                        ->type_name("B.orf ...")
+                        ->expected(1, -1);
+  CLI::Option* alpha =
+      command->add_option("--alpha", o->runs.alpha, "with --runs, the significance level a failing phase needs")
+          ->type_name("P")
+          ->check(CLI::PositiveNumber & CLI::Range(0.0, 1.0))
+          ->capture_default_str();
+  runs->needs(vs);
+  vs->needs(runs);
+  alpha->needs(runs);
+  for (const char* report : {"--out-file", "--aggregate"}) runs->excludes(report);
   command->footer("Writes LHS-vs-RHS.html (LHS-vs-RHS-aggregate.html with --aggregate) unless -o is given.\n"
                   "With --fail-above or --format, prints the change of each phase instead (with\n"
-                  "--fail-above only the phases above the limits, exiting with 3 if there are any).");
+                  "--fail-above only the phases above the limits, exiting with 3 if there are any).\n"
+                  "With --runs A1.orf A2.orf ... --vs B1.orf B2.orf ..., prints per phase the median,\n"
+                  "least and greatest figure of each side, the change of the medians and the p-value\n"
+                  "of a Mann-Whitney U test; --fail-above then fails only on phases whose change is\n"
+                  "also significant at --alpha.");
   command->callback([o] { runDiff(*o); });
 }
 

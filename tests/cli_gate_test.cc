@@ -1,6 +1,7 @@
 // The regression gate and the script formats of the tempogauge command, run
 // as a separate process on saved traces: which phases fail the gate under
-// which limits, the exit status, and CSV and JSON that readers parse back.
+// which limits, the exit status, and CSV and JSON that readers parse back;
+// with repeated runs, which phases the rank test lets fail.
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 
@@ -39,9 +40,11 @@ class GateCommand : public ::testing::Test {
     saveTraceFile((dir_ / "rhs.orf").string(), rhs.points);
   }
 
-  Result run(const std::string& args) const {
+  // Standard error is dropped unless `withErrors`, which mixes it in.
+  Result run(const std::string& args, bool withErrors = false) const {
     const fs::path exe = fs::read_symlink("/proc/self/exe").parent_path() / "tempogauge";
-    const std::string command = "cd '" + dir_.string() + "' && '" + exe.string() + "' " + args + " 2>/dev/null";
+    const std::string command =
+        "cd '" + dir_.string() + "' && '" + exe.string() + "' " + args + (withErrors ? " 2>&1" : " 2>/dev/null");
     Result result;
     FILE* pipe = ::popen(command.c_str(), "r");
     if (!pipe) return result;
@@ -108,6 +111,88 @@ TEST_F(GateCommand, FormatsGiveEveryPhaseWithExactNumbers) {
   EXPECT_EQ(summary[0]["phase"], kSolve);  // the most expensive first
   EXPECT_EQ(summary[0]["calls"], 1);
   EXPECT_EQ(run("summary rhs.orf --format xml").status, 2);
+}
+
+// Five runs a side. "solve": 1 s against 1.5 s, every run of the second
+// side slower than every run of the first. "noisy": medians 0.3 s against
+// 0.4 s (+33 %), but the runs interleave.
+class RepeatedRunsGate : public GateCommand {
+ protected:
+  void SetUp() override {
+    GateCommand::SetUp();
+    const double solve[2][5] = {{1.00, 1.02, 0.98, 1.01, 0.99}, {1.50, 1.53, 1.47, 1.52, 1.48}};
+    const double noisy[2][5] = {{0.10, 0.20, 0.30, 0.50, 0.60}, {0.15, 0.25, 0.40, 0.55, 0.65}};
+    for (int side = 0; side < 2; ++side) {
+      for (int k = 0; k < 5; ++k) {
+        tgtest::TraceBuilder b;
+        b.start("solve").stop("solve", solve[side][k]).start("noisy").stop("noisy", noisy[side][k]);
+        saveTraceFile((dir_ / (std::string(side ? "b" : "a") + std::to_string(k + 1) + ".orf")).string(), b.points);
+      }
+    }
+  }
+  static std::string runs(int count) {
+    std::string args = "--runs";
+    for (int k = 1; k <= count; ++k) args += " a" + std::to_string(k) + ".orf";
+    args += " --vs";
+    for (int k = 1; k <= count; ++k) args += " b" + std::to_string(k) + ".orf";
+    return args;
+  }
+};
+
+TEST_F(RepeatedRunsGate, FailsOnlyOnLargeSignificantChanges) {
+  const struct {
+    std::string args;
+    int status;
+    std::set<std::string> failing;
+    std::string warning;  // the runs needed when too few for any p-value to reach --alpha
+  } cases[] = {
+      {"diff a1.orf b1.orf --fail-above 20", 3, {"solve", "noisy"}, ""},  // one run: noise fails
+      {"diff " + runs(5) + " --fail-above 20", 3, {"solve"}, ""},
+      {"diff " + runs(4) + " --fail-above 20", 3, {"solve"}, ""},  // smallest p 2/70
+      {"diff " + runs(3) + " --fail-above 20", 0, {}, "at least 4 runs"},  // smallest p 0.1
+      {"diff " + runs(5) + " --fail-above 20 --alpha 0.005", 0, {}, "at least 6 runs"},  // 2/252
+      {"diff " + runs(5) + " --fail-above 60", 0, {}, ""},
+      {"diff " + runs(5) + " --fail-above 20 --min-abs 0.6", 0, {}, ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args);
+    const Result r = run(c.args + " --format json");
+    EXPECT_EQ(r.status, c.status);
+    EXPECT_EQ(phasesOf(r.out.empty() ? "[]" : r.out), c.failing);
+    const std::string text = run(c.args, true).out;
+    EXPECT_EQ(text.find("warning: with") != std::string::npos, !c.warning.empty()) << text;
+    EXPECT_NE(text.find(c.warning), std::string::npos) << text;
+  }
+}
+
+TEST_F(RepeatedRunsGate, TableGivesMediansRangesAndTest) {
+  const json rows = json::parse(run("diff " + runs(5) + " --format json --metric time").out);
+  ASSERT_EQ(rows.size(), 2u);
+  const json& solve = rows[0];
+  EXPECT_EQ(solve["phase"], "solve");
+  const struct {
+    const char* key;
+    double value;
+  } fields[] = {{"a_median", 1.0}, {"a_min", 0.98}, {"a_max", 1.02}, {"b_median", 1.5}, {"b_min", 1.47},
+                {"b_max", 1.53},   {"change", 0.5}, {"change_percent", 50}, {"u", 25}, {"p", 2.0 / 252}};
+  for (const auto& f : fields) EXPECT_NEAR(solve[f.key].get<double>(), f.value, 1e-9) << f.key;
+  EXPECT_NEAR(rows[1]["change_percent"].get<double>(), 100.0 / 3, 1e-9);
+  EXPECT_GT(rows[1]["p"].get<double>(), 0.5);
+  // Labels name the sides in text; a phase only the second side has is new.
+  const Result text = run("diff --runs a1.orf a2.orf --vs rhs.orf rhs.orf --lhs-label before --rhs-label after");
+  EXPECT_EQ(text.status, 0);
+  EXPECT_NE(text.out.find("before median (s)"), std::string::npos) << text.out;
+  EXPECT_NE(text.out.find("new"), std::string::npos) << text.out;
+}
+
+TEST_F(RepeatedRunsGate, RefusesMixedOrIncompleteCommandLines) {
+  for (const std::string args : {"diff --runs a1.orf", "diff --vs b1.orf", "diff lhs.orf --runs a1.orf --vs b1.orf",
+                                 "diff --runs a1.orf --vs b1.orf --alpha 0", "diff --runs a1.orf --vs b1.orf -o x.html",
+                                 "diff lhs.orf", "diff lhs.orf rhs.orf --alpha 0.1"}) {
+    SCOPED_TRACE(args);
+    EXPECT_EQ(run(args).status, 2);
+  }
+  EXPECT_EQ(run("diff --runs a1.orf missing.orf --vs b1.orf").status, 1);
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include "tempogauge/analysis/aggregate_table.h"
 #include "tempogauge/analysis/call_tree.h"
 #include "tempogauge/analysis/processed_data_struct.h"
+#include "tempogauge/analysis/rank_test.h"
+#include "tempogauge/analysis/repeated_runs.h"
 #include "tempogauge/analysis/trace_event_export.h"
 #include "tempogauge/analysis/processed_point.h"
 #include "tempogauge/collect/raw_point.h"
