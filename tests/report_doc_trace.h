@@ -4,6 +4,7 @@
 // forward and memory that grows with every point.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string_view>
 #include <utility>
@@ -35,6 +36,9 @@ class RunBuilder {
   }
   RawPointVector take() { return std::move(points_); }
 
+  // Replaces the growing memory of every later point by what `sample` sets.
+  std::function<void(TGORRERYDataPoint&)> sample;
+
  private:
   void push(std::string_view name, bool start) {
     auto point = std::make_shared<TGORRERYDataPoint>();
@@ -44,6 +48,11 @@ class RunBuilder {
     point->wallTime = now_;
     point->cpuTime = now_ * 0.9;
     memory_ += 4096.0 * 1024.0;
+    if (sample) {
+      sample(*point);
+      points_.push_back(std::move(point));
+      return;
+    }
     point->basicMemStats = std::make_shared<tg::BasicMemStats>(memory_, memory_ * 1.5, memory_ * 3.0);
     if (detailed_) {
       point->detailedMemStats =

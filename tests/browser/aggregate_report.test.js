@@ -81,8 +81,7 @@ test('the System Info tab shows the record (both records of a comparison) and hi
               /<script>window\.injected = true;<\/script>/] },
     { name: 'aggdiff_time.html', shown: [/Left CPU[^]*Right CPU/] },
   ];
-  for (const { name, shown } of cases) {
-    const { page, errors } = await browser.open(name);
+  for (const { name, shown } of cases) await browser.visit(name, {}, async (page) => {
     const visible = (selectors) => Promise.all(selectors.map((s) => page.locator(s).isVisible()));
     const views = ['#systemInfoTableDiv', '.sysInfoHeader', '#aggregateSummaryDiv', '#aggregateSummaryScrollTableDiv',
                    '.aggregateSumHeader'];
@@ -98,9 +97,7 @@ test('the System Info tab shows the record (both records of a comparison) and hi
     await settle(page);
     assert.deepEqual(await visible(views.slice(0, 3)), [false, false, true], name);
     assert.ok((await dataRows(page)).length > 0);
-    assert.deepEqual(errors, [], name);
-    await page.close();
-  }
+  });
 });
 
 test('the memory variants of the aggregate report open with their columns, names not linked', async () => {
@@ -108,14 +105,11 @@ test('the memory variants of the aggregate report open with their columns, names
     'aggregate_basicmemory.html': ['Process Usage Delta', 'Peak Usage Delta'],
     'aggregate_detailedmemory.html': ['Com', 'Res', 'Dll', 'OS', 'Free'],
   };
-  for (const [name, heads] of Object.entries(expected)) {
-    const { page, errors } = await browser.open(name);
+  for (const [name, heads] of Object.entries(expected)) await browser.visit(name, {}, async (page) => {
     const headText = await page.locator('#aggregateSummaryTableLastHeaderRow').innerText();
     for (const head of heads) assert.ok(headText.includes(head), `${name}: ${head}`);
     assert.equal(await page.locator('#aggregateSummaryTable a').count(), 0);
     await page.locator('#aggregateSummaryTableLastHeaderRow span').first().click();
     await settle(page);
-    assert.deepEqual(errors, []);
-    await page.close();
-  }
+  });
 });

@@ -46,21 +46,30 @@ async function openReport(browser, name, { viewport, init, timeout } = {}) {
   return { page, errors };
 }
 
-// One browser for the tests of a file: `open` opens a report, `openTab` opens
-// it on one of its tabs, by the text of the tab's link.
+// One browser for the tests of a file: `open` opens a report, on one of its
+// tabs when `options.tab` names the text of the tab's link; `visit` opens it,
+// runs `body` on the page, fails on any script error and closes the page.
 function browserForTests() {
   const { before, after } = require('node:test');
+  const assert = require('node:assert/strict');
   let browser;
   before(async () => { browser = await launchBrowser(); });
   after(async () => { if (browser) await browser.close(); });
-  const open = (name, options) => openReport(browser, name, options);
+  async function open(name, options = {}) {
+    const opened = await openReport(browser, name, options);
+    if (options.tab) {
+      await opened.page.locator('.aggregateSumHeader a', { hasText: options.tab }).click();
+      await settle(opened.page);
+    }
+    return opened;
+  }
   return {
     open,
-    async openTab(name, tab, options) {
-      const opened = await open(name, options);
-      await opened.page.locator('.aggregateSumHeader a', { hasText: tab }).click();
-      await settle(opened.page);
-      return opened;
+    async visit(name, options, body) {
+      const { page, errors } = await open(name, options);
+      await body(page);
+      assert.deepEqual(errors, [], name);
+      await page.close();
     },
   };
 }

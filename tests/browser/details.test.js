@@ -7,7 +7,7 @@ const assert = require('node:assert/strict');
 const { browserForTests, settle, scrollTo, cellTexts, expectedTotals } = require('./chromium');
 
 const browser = browserForTests();
-const openDetails = (name, options) => browser.openTab(name, 'Details', options);
+const openDetails = (name, options) => browser.open(name, { tab: 'Details', ...options });
 
 // Fills form cells by id (every other cell emptied) and presses Refresh.
 async function refresh(page, cells) {
@@ -108,9 +108,9 @@ test('check boxes sum their rows into the totals, by metric, and the header box 
       totals: { totalCom: ['Committed', 'max'], totalRes: ['Reserved', 'max'], totalDll: ['Dlls', 'max'],
                 totalOS: ['NonProcess', 'max'], totalFree: ['Free', 'max'] } },
   ];
-  for (const { name, totals } of reports) {
-    // A low window, so that the view is longer than the table.
-    const { page, errors } = await openDetails(name, { viewport: { width: 1280, height: 700 } });
+  // A low window, so that the view is longer than the table.
+  const lowWindow = { tab: 'Details', viewport: { width: 1280, height: 700 } };
+  for (const { name, totals } of reports) await browser.visit(name, lowWindow, async (page) => {
     await refresh(page, {});
     const expectTotals = async (rows, label) => {
       const expected = { ...(await expectedTotals(page, rows, totals)), totalChecked: '' + rows.length };
@@ -134,9 +134,7 @@ test('check boxes sum their rows into the totals, by metric, and the header box 
     await click(`#checkBox${length - 1}`, false);
     assert.equal(await page.locator('#AllChecked').isChecked(), false, `${name}: the header box clears`);
     await expectTotals([...Array(length - 1).keys()], 'all but the last row');
-    assert.deepEqual(errors, [], name);
-    await page.close();
-  }
+  });
 });
 
 test('a phase link of a comparison opens its executions checked, with "NA" for the run that lacks it', async () => {
@@ -151,8 +149,7 @@ test('a phase link of a comparison opens its executions checked, with "NA" for t
     { name: 'diff_detailedmemory.html', phase: 'Only left',
       cells: { row0col2: 'NA', row0col6: 'NA', row0col10: 'NA', row0col14: 'NA', row0col18: 'NA' } },
   ];
-  for (const { name, phase, cells, totals } of cases) {
-    const { page, errors } = await browser.open(name);
+  for (const { name, phase, cells, totals } of cases) await browser.visit(name, {}, async (page) => {
     await page.locator('#aggregateSummaryTable a', { hasText: new RegExp(`^${phase}$`) }).click();
     await settle(page);
     assert.equal(await page.locator('#phasename').inputValue(), phase);
@@ -161,9 +158,7 @@ test('a phase link of a comparison opens its executions checked, with "NA" for t
     assert.equal(await page.locator('#AllChecked').isChecked(), true);
     const shown = { ...cells, ...totals };
     assert.deepEqual(await cellTexts(page, Object.keys(shown)), Object.values(shown), `${name} ${phase}`);
-    assert.deepEqual(errors, [], name);
-    await page.close();
-  }
+  });
 });
 
 test('sort cells rank their columns, and each orders the view by its own field, in every report kind', async () => {
@@ -181,9 +176,9 @@ test('sort cells rank their columns, and each orders the view by its own field, 
   // Cells whose field is not their id without "Sort_"; the Abs Dev cell of a
   // time comparison names no field and orders nothing.
   const fieldOf = { Sort_self: 'WCSelf', Sort_selfPchild: 'WCElapsed', Sort_WCSelfAbsDev: null };
-  for (const name of ['nested_time.html', 'nested_basicmemory.html', 'nested_detailedmemory.html', 'diff_time.html',
-                      'diff_basicmemory.html', 'diff_detailedmemory.html']) {
-    const { page, errors } = await openDetails(name);
+  const reports = ['nested_time.html', 'nested_basicmemory.html', 'nested_detailedmemory.html', 'diff_time.html',
+                   'diff_basicmemory.html', 'diff_detailedmemory.html'];
+  for (const name of reports) await browser.visit(name, { tab: 'Details' }, async (page) => {
     for (const { cells, ordered } of name == 'nested_time.html' ? rankCases : []) {
       await refresh(page, cells);
       const rows = await view(page);
@@ -206,7 +201,5 @@ test('sort cells rank their columns, and each orders the view by its own field, 
         (id) => document.getElementById(id).name));
       assert.deepEqual(names, ['Sort_LHS_free', 'Sort_AbsDev_free', 'Sort_RelDev_os']);
     }
-    assert.deepEqual(errors, [], name);
-    await page.close();
-  }
+  });
 });

@@ -67,37 +67,24 @@ RawPointVector comparedRun(bool right, bool detailed) {
 // `extra` names a phase added before phase `extraAt` (for comparisons), and
 // the last phase gets a very long name. Phase names repeat after `names`.
 RawPointVector chartRun(int count, double scale, std::string_view extra = "", int extraAt = 0, int names = 100000) {
-  RawPointVector points;
-  const std::int32_t grouping = tgGetId(tg::kGroupingKind, "Workload");
-  double now = 1000.0;
+  tgreport::RunBuilder run(true);
   int step = 0;
-  const auto push = [&](const std::string& name, bool start) {
-    auto point = std::make_shared<TGORRERYDataPoint>();
-    point->groupingId = grouping;
-    point->phaseId = tgGetId(tg::kPhaseKind, name);
-    point->flags.isStart = start ? 1 : 0;
-    point->wallTime = now += 0.01;
-    point->cpuTime = now * 0.9;
+  run.sample = [&](TGORRERYDataPoint& point) {
     const double mb = 1024.0 * 1024.0 * scale;
     const int k = step++ % 7;
-    point->basicMemStats = std::make_shared<tg::BasicMemStats>(100 * mb, 150 * mb, 300 * mb);
-    point->detailedMemStats = std::make_shared<tg::DetailedMemStats>(
+    point.basicMemStats = std::make_shared<tg::BasicMemStats>(100 * mb, 150 * mb, 300 * mb);
+    point.detailedMemStats = std::make_shared<tg::DetailedMemStats>(
         (500 + 40 * k) * mb, (300 + 20 * k) * mb, (400 + 30 * k) * mb, (100 + 10 * k) * mb, (200 + 25 * k) * mb);
-    points.push_back(std::move(point));
   };
   for (int i = 0; i < count; ++i) {
     char name[32];
     std::snprintf(name, sizeof name, "Step %05d", i % names);
-    std::string phase = name;
-    if (i == count - 1) phase = "A phase whose name is far too long to stand above its column " + std::string(120, 'x');
-    if (!extra.empty() && i == extraAt) {
-      push(std::string(extra), true);
-      push(std::string(extra), false);
-    }
-    push(phase, true);
-    push(phase, false);
+    if (!extra.empty() && i == extraAt) run.phase(extra, 0.01);
+    run.phase(i == count - 1 ? "A phase whose name is far too long to stand above its column " + std::string(120, 'x')
+                             : std::string(name),
+              0.01);
   }
-  return points;
+  return run.take();
 }
 
 // Nested phases with loops the call tree merges, gaps that become "_self" and

@@ -9,7 +9,7 @@ const assert = require('node:assert/strict');
 const { browserForTests, settle, scrollTo, canvasColours, canvasImages, openPopups } = require('./chromium');
 
 const browser = browserForTests();
-const openChart = (name) => browser.openTab(name, 'MemChart');
+const openChart = (name) => browser.open(name, { tab: 'MemChart' });
 
 // Free, Reserved, Committed, Dlls, Non-process; and as shaded for a phase one
 // run lacks.
@@ -37,8 +37,7 @@ test('every graph draws the five bands, and one scroll redraws every graph with 
   const charts = [['memchart.html', 'fakecanvasdiv', ['scrollcanvas'],
                    () => ({ x: 1, y: marginTop + 1, w: windowWidth - 200, h: x_scroll.height - marginTop - 8 })],
                   ['diffchart.html', 'fakeCanvasDiffDiv', GRAPHS, () => undefined]];
-  for (const [name, dummy, graphs, graphBox] of charts) {
-    const { page, errors } = await openChart(name);
+  for (const [name, dummy, graphs, graphBox] of charts) await browser.visit(name, { tab: 'MemChart' }, async (page) => {
     const box = await page.evaluate(graphBox);
     const expectBands = async (label) => {
       for (const id of graphs) {
@@ -55,9 +54,7 @@ test('every graph draws the five bands, and one scroll redraws every graph with 
     const after = await canvasImages(page, graphs);
     graphs.forEach((id, g) => assert.notEqual(after[g], before[g], `${name}: ${id} is redrawn`));
     await expectBands('after the scroll');
-    assert.deepEqual(errors, [], name);
-    await page.close();
-  }
+  });
 });
 
 // Scrolls the shared dummy so that row `row` stands near the left edge.
