@@ -123,24 +123,20 @@ class ReferenceWalk {
     return s;
   }
 
+  // The first selected point: a start opens the walk and sets the base
+  // times; a stop is an error whose row number is not used up.
   void handleFirstPoint(const RawPointPtr& p) {
     if (p->isStart()) {
-      addLevel();
-      ++counters_[depth_];
-      auto pp = makeProcessedPoint(*p, row_++, depth_++);
-      open_.push_back(p);
-      pp->HTMLPhaseNumString = number();
-      map_[p.get()] = pp;
+      handleStart(p);
       result_.baseWCTime = p->wallTime;
       result_.baseCPUTime = p->cpuTime;
-      lastWasStart_ = true;
-    } else {
-      auto pp = makeProcessedPoint(*p, row_, depth_++);
-      pp->flags.errorRow = 1;
-      result_.hasErrors = true;
-      map_[p.get()] = pp;
-      lastWasStart_ = false;
+      return;
     }
+    auto pp = makeProcessedPoint(*p, row_, depth_++);
+    pp->flags.errorRow = 1;
+    result_.hasErrors = true;
+    map_[p.get()] = pp;
+    lastWasStart_ = false;
   }
 
   void handleStart(const RawPointPtr& p) {
