@@ -82,63 +82,37 @@ function tempogauge_export (varargin)
   endif
 endfunction
 
-## A saved run of two groupings: "outer" holds "inner" and a phase named
-## with quotes; ExportB's phase is left out with the grouping option.
-%!function [orf, json, p] = saved_run ()
-%!  dir = tempname ();
-%!  mkdir (dir);
-%!  orf = fullfile (dir, "run.orf");
-%!  json = fullfile (dir, "run.json");
-%!  GaugeKit.Tracer.clearRawData ();
-%!  GaugeKit.Tracer.enable ("ExportA", true);
-%!  GaugeKit.Tracer.enable ("ExportB", true);
-%!  GaugeKit.Tracer.logORRERYData ("ExportA", "outer", true);
-%!  GaugeKit.Tracer.logORRERYData ("ExportA", "inner", true);
-%!  pause (0.02);
-%!  GaugeKit.Tracer.logORRERYData ("ExportA", "inner", false);
-%!  GaugeKit.Tracer.logORRERYData ("ExportA", "say \"hi\"", true);
-%!  GaugeKit.Tracer.logORRERYData ("ExportA", "say \"hi\"", false);
-%!  GaugeKit.Tracer.logORRERYData ("ExportA", "outer", false);
-%!  GaugeKit.Tracer.logORRERYData ("ExportB", "other", true);
-%!  GaugeKit.Tracer.logORRERYData ("ExportB", "other", false);
-%!  p = GaugeKit.Tracer.getProcessedData ("grouping", "ExportA");
-%!  GaugeKit.Tracer.saveToFile (orf);
+## A saved run of two groupings, then the live points: one event per
+## execution with the pairing's durations, names with quotes, the grouping
+## option, and an unpaired run refused with the file left as it was.
+%!function names = phase_names (json)
+%!  events = jsondecode (fileread (json)).traceEvents;
+%!  events = events(cellfun (@(e) strcmp (e.ph, "X"), events));
+%!  names = cellfun (@(e) e.name, events, "uniformoutput", false)(:)';
 %!endfunction
 
-%!function [names, durations] = phase_events (json)
-%!  doc = jsondecode (fileread (json));
-%!  events = doc.traceEvents;
-%!  if (! iscell (events))
-%!    events = num2cell (events);
-%!  endif
-%!  keep = cellfun (@(e) strcmp (e.ph, "X"), events);
-%!  names = cellfun (@(e) e.name, events(keep), "uniformoutput", false);
-%!  durations = cellfun (@(e) e.dur, events(keep));
-%!endfunction
-
-## A saved run: one event per execution, with the durations of the pairing.
 %!test
-%! [orf, json, p] = saved_run ();
+%! dir = tempname ();
+%! mkdir (dir);
+%! [orf, json] = deal (fullfile (dir, "run.orf"), fullfile (dir, "run.json"));
 %! GaugeKit.Tracer.clearRawData ();
-%! tempogauge_export (orf, json, "grouping", "ExportA");
-%! [names, durations] = phase_events (json);
-%! assert (sort (names(:)'), sort (cellfun (@(x) x.phaseIDStr, p, "uniformoutput", false)));
-%! for k = 1:numel (p)
-%!   assert (durations(strcmp (names, p{k}.phaseIDStr)), 1e6 * p{k}.wcElapsedTime, 0.01);
-%! endfor
-%! assert (durations(strcmp (names, "inner")) >= 2e4);
-%! tempogauge_export (orf, json);
-%! assert (any (strcmp (phase_events (json), "other")));
-%! confirm_recursive_rmdir (false, "local");
-%! rmdir (fileparts (orf), "s");
-
-## The live points; an unpaired run is refused and leaves the file as it was.
-%!test
-%! [orf, json] = saved_run ();
+%! GaugeKit.Tracer.enable ("ExportA", true);
+%! GaugeKit.Tracer.enable ("ExportB", true);
+%! GaugeKit.Tracer.logORRERYData ("ExportA", "outer", true);
+%! GaugeKit.Tracer.logORRERYData ("ExportA", "inner", true);
+%! pause (0.02);
+%! GaugeKit.Tracer.logORRERYData ("ExportA", "inner", false);
+%! GaugeKit.Tracer.logORRERYData ("ExportA", "say \"hi\"", true);
+%! GaugeKit.Tracer.logORRERYData ("ExportA", "say \"hi\"", false);
+%! GaugeKit.Tracer.logORRERYData ("ExportA", "outer", false);
+%! GaugeKit.Tracer.logORRERYData ("ExportB", "other", true);
+%! GaugeKit.Tracer.logORRERYData ("ExportB", "other", false);
+%! p = GaugeKit.Tracer.getProcessedData ("grouping", "ExportA");
+%! GaugeKit.Tracer.saveToFile (orf);
 %! tempogauge_export (json, "grouping", "ExportB");
-%! assert (phase_events (json)(:)', {"other"});
-%! before = fileread (json);
+%! assert (phase_names (json), {"other"});
 %! GaugeKit.Tracer.logORRERYData ("ExportB", "never stops", true);
+%! before = fileread (json);
 %! try
 %!   tempogauge_export (json);
 %!   error ("an unpaired run was exported");
@@ -148,8 +122,19 @@ endfunction
 %! end_try_catch
 %! assert (fileread (json), before);
 %! GaugeKit.Tracer.clearRawData ();
+%! tempogauge_export (orf, json, "grouping", "ExportA");
+%! events = jsondecode (fileread (json)).traceEvents;
+%! events = events(cellfun (@(e) strcmp (e.ph, "X"), events));
+%! assert (numel (events), numel (p));
+%! for k = 1:numel (p)
+%!   assert (events{k}.name, p{k}.phaseIDStr);
+%!   assert (events{k}.dur, 1e6 * p{k}.wcElapsedTime, 0.01);
+%! endfor
+%! assert (events{2}.dur >= 2e4);
+%! tempogauge_export (orf, json);
+%! assert (any (strcmp (phase_names (json), "other")));
 %! confirm_recursive_rmdir (false, "local");
-%! rmdir (fileparts (orf), "s");
+%! rmdir (dir, "s");
 
 %!error <Invalid call> tempogauge_export ()
 %!error <only option> tempogauge_export ("a.orf", "a.json", "metric", "time")
