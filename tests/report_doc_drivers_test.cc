@@ -34,10 +34,7 @@ RawPointVector unpairedRun() {
 }
 
 TempoGaugingSystemInfo record(std::string_view processor) {
-  TempoGaugingSystemInfo info;
-  info.processorStr = std::string(processor);
-  info.installedProductsStr = "products of " + std::string(processor);
-  return info;
+  return {std::string(processor), "", "", "", "", "", "", "products of " + std::string(processor)};
 }
 
 class ReportDriverTest : public ::testing::Test {

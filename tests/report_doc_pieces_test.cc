@@ -157,12 +157,8 @@ TEST(TabDivs, ScrollersFollowTheReportKind) {
 
 // The record escaped under its labels; a null record gives empty cells.
 TEST(SystemInfoTable, ShowsTheRecordEscapedUnderItsLabels) {
-  TempoGaugingSystemInfo record;
-  record.processorStr = "CPU <fast> & \"wide\"";
-  record.cpuSpeedStr = "3000";
-  record.numCoresStr = "8";
-  record.operatingSystemStr = "Linux";
-  record.installedProductsStr = "line one\n<script>alert(1)</script>\n";
+  const TempoGaugingSystemInfo record{"CPU <fast> & \"wide\"", "3000", "8", "", "Linux", "", "",
+                                      "line one\n<script>alert(1)</script>\n"};
   tgtest::GoldenFile golden("report_doc_pieces");
   golden.expect("system information table", writeSystemInfoTable(&record));
   golden.expect("system information table without record", writeSystemInfoTable(nullptr));

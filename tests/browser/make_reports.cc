@@ -128,16 +128,8 @@ RawPointVector chains(int branches, int depth) {
 }
 
 TempoGaugingSystemInfo recordNamed(std::string_view processor) {
-  TempoGaugingSystemInfo record;
-  record.processorStr = std::string(processor);
-  record.cpuSpeedStr = "2.6 GHz";
-  record.numCoresStr = "2";
-  record.totalPhysMemStr = "24576";
-  record.operatingSystemStr = "Test OS <1.0> & friends";
-  record.ORRERYVersionStr = "9.4.0";
-  record.javaVMVersionStr = "none";
-  record.installedProductsStr = "Product A 1.0\n<script>window.injected = true;</script>\nProduct B 2.0\n";
-  return record;
+  return {std::string(processor), "2.6 GHz", "2", "24576", "Test OS <1.0> & friends", "9.4.0", "none",
+          "Product A 1.0\n<script>window.injected = true;</script>\nProduct B 2.0\n"};
 }
 
 // Names made of markup, quotes, backslashes and percent signs, to be shown as
