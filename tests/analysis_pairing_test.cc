@@ -199,16 +199,14 @@ TEST(Pairing, MemoryAtTheEndWithDeltasAndStartMemoryForParents) {
   }
   const auto r = analyzeRawPoints(t.points, {"G"}, false);
   const auto& a = *r.processedPoints[0];
-  EXPECT_DOUBLE_EQ(a.basicMem->procMemUsage, 4.0);
-  EXPECT_DOUBLE_EQ(a.basicMem->procMemUsageDelta, 3.0);
-  EXPECT_DOUBLE_EQ(a.basicMem->procMemUsagePeakDelta, 3.0);
-  EXPECT_DOUBLE_EQ(a.basicMem->procMemPeakOverStart, 4.0);
-  EXPECT_DOUBLE_EQ(a.detailedMem->freeMem, 8.0);
-  EXPECT_DOUBLE_EQ(a.detailedMem->freeMemDelta, 3.0);
-  EXPECT_DOUBLE_EQ(a.detailedStartMem->freeMem, 5.0);  // a parent keeps its start sample
   const auto& b = *r.processedPoints[1];
-  EXPECT_DOUBLE_EQ(b.detailedStartMem->freeMem, 0.0);  // a leaf doesn't
-  EXPECT_DOUBLE_EQ(b.basicMem->procVMSizeDelta, 1.0);
+  // A parent keeps its start sample, a leaf doesn't.
+  for (const auto& [value, expected] :
+       {std::pair{a.basicMem->procMemUsage, 4.0}, {a.basicMem->procMemUsageDelta, 3.0},
+        {a.basicMem->procMemUsagePeakDelta, 3.0}, {a.basicMem->procMemPeakOverStart, 4.0},
+        {a.detailedMem->freeMem, 8.0}, {a.detailedMem->freeMemDelta, 3.0}, {a.detailedStartMem->freeMem, 5.0},
+        {b.detailedStartMem->freeMem, 0.0}, {b.basicMem->procVMSizeDelta, 1.0}})
+    EXPECT_DOUBLE_EQ(value, expected);
   // The detailed flag follows the last walked point.
   for (const std::size_t last : {0u, 1u}) {
     TraceBuilder u;
