@@ -132,10 +132,10 @@ void addDiffCommand(CLI::App& app) {
       ->type_name("R");
   addGateOptions(*command, o->gate);
   CLI::Option* runs = command->add_option("--runs", o->runs.baseline, "repeated runs of the baseline (saved traces)")
-                          ->type_name("A.orf ...")
+                          ->type_name("A.orf")
                           ->expected(1, -1);
   CLI::Option* vs = command->add_option("--vs", o->runs.candidate, "repeated runs to compare with them")
-                        ->type_name("B.orf ...")
+                        ->type_name("B.orf")
                         ->expected(1, -1);
   CLI::Option* alpha =
       command->add_option("--alpha", o->runs.alpha, "with --runs, the significance level a failing phase needs")
