@@ -1,11 +1,26 @@
 ## SPDX-License-Identifier: BSD-3-Clause
-## Cost of logging from Octave: a GaugeKit.Tracer.logORRERYData call that
-## stores a point, against an empty oct-file function called with the same
-## arguments, in one Octave run. Rounds of both alternate so that the load
-## of the machine falls on both alike; the figures are medians over rounds,
-## and the fastest round of each.
+## Cost of logging from Octave, in one Octave run: a GaugeKit.Tracer.logORRERYData
+## call that stores a point, against an empty oct-file function called with
+## the same arguments and the C++ stored point (tgLogORRERYData in a C++
+## loop). Goal: the call costs at most empty call + C++ point + 0.5 us.
+## Also a phase (two calls) against what Octave's own profiler adds to each
+## function call. Rounds of all alternate so that the load of the machine
+## falls on each alike; the figures are medians over rounds.
 ##
 ##   octave-cli bench/octave_log_cost.m [BUILD_DIR]
+1;
+
+function tg_bench_noop ()
+endfunction
+
+function text = ifelse_text (met)
+  if (met)
+    text = "met";
+  else
+    text = "not met";
+  endif
+endfunction
+
 args = argv ();
 build = "build";
 if (! isempty (args))
@@ -13,6 +28,7 @@ if (! isempty (args))
 endif
 addpath (fullfile (build, "octave"));
 addpath (fullfile (build, "octave-bench"));
+autoload ("tg_cpp_log_cost", file_in_loadpath ("tg_empty_call.oct"));
 
 calls = 500;        # per round; a round of logging stores 2 * calls points
 rounds = 61;
@@ -22,16 +38,19 @@ phase = "bench phase";
 GaugeKit.Tracer.enable (grouping, true);
 GaugeKit.Tracer.clearRawData ();
 tg_empty_call (grouping, phase, true);
+tg_cpp_log_cost (grouping, phase, 1);
 GaugeKit.Tracer.logORRERYData (grouping, phase, true);
 GaugeKit.Tracer.logORRERYData (grouping, phase, false);
-stored_before = numel (GaugeKit.Tracer.getRawData ());
 
 empty_us = zeros (rounds, 1);
 log_us = zeros (rounds, 1);
 off_us = zeros (rounds, 1);
+cpp_us = zeros (rounds, 1);
+plain_us = zeros (rounds, 1);
+profiled_us = zeros (rounds, 1);
 for r = 1:rounds
-  ## The same call with its grouping off: the adapter's and the handler's
-  ## share, without the sample the core takes for a stored point.
+  ## The same call with its grouping off: the adapter's share, without the
+  ## sample the core takes for a stored point.
   GaugeKit.Tracer.enable (grouping, false);
   tic;
   for i = 1:calls
@@ -52,8 +71,23 @@ for r = 1:rounds
     GaugeKit.Tracer.logORRERYData (grouping, phase, false);
   endfor
   log_us(r) = toc / (2 * calls) * 1e6;
+  cpp_us(r) = tg_cpp_log_cost (grouping, phase, calls);
   ## Keeps the store from growing across rounds.
   GaugeKit.Tracer.clearRawData ();
+  ## What the profiler adds to a call of a function that does nothing.
+  tic;
+  for i = 1:calls
+    tg_bench_noop ();
+  endfor
+  plain_us(r) = toc / calls * 1e6;
+  profile on;
+  tic;
+  for i = 1:calls
+    tg_bench_noop ();
+  endfor
+  profiled_us(r) = toc / calls * 1e6;
+  profile off;
+  profile clear;
 endfor
 
 ## The logging calls must have stored their points.
@@ -65,13 +99,15 @@ if (stored != 2)
 endif
 GaugeKit.Tracer.clearRawData ();
 
-ratio = median (log_us) / median (empty_us);
-## The fastest round of each is the one least disturbed by other load.
-best_ratio = min (log_us) / min (empty_us);
-printf ("octave_log_cost: empty oct-file call          %6.2f us (median of %d rounds)\n", median (empty_us), rounds);
-printf ("octave_log_cost: GaugeKit.Tracer.logORRERYData %6.2f us (median of %d rounds)\n", median (log_us), rounds);
-printf ("octave_log_cost: the same call, grouping off   %6.2f us (median of %d rounds)\n", median (off_us), rounds);
-printf ("octave_log_cost: ratio %.2f (goal <= 1.5); without the stored point %.2f\n", ratio,
-        median (off_us) / median (empty_us));
-printf ("octave_log_cost: fastest rounds: empty %.2f us, logging %.2f us, grouping off %.2f us; ratio %.2f, without the stored point %.2f\n",
-        min (empty_us), min (log_us), min (off_us), best_ratio, min (off_us) / min (empty_us));
+empty = median (empty_us);
+logged = median (log_us);
+cpp = median (cpp_us);
+limit = empty + cpp + 0.5;
+profiler = median (profiled_us - plain_us);
+printf ("octave_log_cost: empty oct-file call            %6.2f us (median of %d rounds)\n", empty, rounds);
+printf ("octave_log_cost: C++ stored point              %6.2f us\n", cpp);
+printf ("octave_log_cost: GaugeKit.Tracer.logORRERYData %6.2f us; goal <= empty + C++ point + 0.5 = %.2f us: %s (%+.2f us)\n",
+        logged, limit, ifelse_text (logged <= limit), logged - empty - cpp);
+printf ("octave_log_cost: the same call, grouping off   %6.2f us\n", median (off_us));
+printf ("octave_log_cost: a phase (two calls)           %6.2f us; profile on adds %.2f us to each function call\n",
+        2 * logged, profiler);

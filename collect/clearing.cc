@@ -1,18 +1,13 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // Clearing raw points. The five clears differ in what they match and in what
 // else they reset; none of them touches the groupings or the switches.
-#include <algorithm>
-
 #include "collect/tempo_gauge.h"
 #include "tempogauge/collect.h"
 
 namespace {
 
-// The model and target ids of a Cogwheel or Loomchart point; null for a point
-// of another class.
-const TGCWGENDataPoint* asCogwheel(const RawPointPtr& point) {
-  return point && point->pointType != 0 ? dynamic_cast<const TGCWGENDataPoint*>(point.get()) : nullptr;
-}
+// True for a Cogwheel or Loomchart point that says so by its type.
+bool isCogwheel(const RawPointFields& point) { return point.pointClass >= 1 && point.pointType != 0; }
 
 }  // namespace
 
@@ -36,9 +31,8 @@ void TempoGauge::clearRawData(std::string_view grouping, std::string_view model)
   if (rawData) {
     const std::int32_t groupingId = findIdUnlocked(tg::kGroupingKind, grouping);
     const std::int32_t modelId = findIdUnlocked(tg::kModelKind, model);
-    std::erase_if(*rawData, [&](const RawPointPtr& point) {
-      const TGCWGENDataPoint* cw = asCogwheel(point);
-      return cw && cw->groupingId == groupingId && cw->modelId == modelId;
+    rawData->eraseIf([&](const RawPointFields& point) {
+      return isCogwheel(point) && point.groupingId == groupingId && point.modelId == modelId;
     });
   }
   if (modelStatisticsTypes) modelStatisticsTypes->clear();
@@ -50,9 +44,9 @@ void TempoGauge::clearRawData(std::string_view grouping, std::string_view model,
   const std::int32_t groupingId = findIdUnlocked(tg::kGroupingKind, grouping);
   const std::int32_t modelId = findIdUnlocked(tg::kModelKind, model);
   const std::int32_t targetId = findIdUnlocked(tg::kTargetKind, target);
-  std::erase_if(*rawData, [&](const RawPointPtr& point) {
-    const TGCWGENDataPoint* cw = asCogwheel(point);
-    return cw && cw->groupingId == groupingId && cw->modelId == modelId && cw->targetId == targetId;
+  rawData->eraseIf([&](const RawPointFields& point) {
+    return isCogwheel(point) && point.groupingId == groupingId && point.modelId == modelId &&
+           point.targetId == targetId;
   });
 }
 
@@ -60,17 +54,15 @@ void TempoGauge::clearRawGroupingData(std::string_view grouping) {
   std::lock_guard lock(mutex_);
   if (!rawData) return;
   const std::int32_t groupingId = findIdUnlocked(tg::kGroupingKind, grouping);
-  std::erase_if(*rawData, [&](const RawPointPtr& point) { return point && point->groupingId == groupingId; });
+  rawData->eraseIf(
+      [&](const RawPointFields& point) { return point.pointClass >= 0 && point.groupingId == groupingId; });
 }
 
 void TempoGauge::clearRawModelData(std::string_view model) {
   std::lock_guard lock(mutex_);
   if (!rawData) return;
   const std::int32_t modelId = findIdUnlocked(tg::kModelKind, model);
-  std::erase_if(*rawData, [&](const RawPointPtr& point) {
-    const TGCWGENDataPoint* cw = asCogwheel(point);
-    return cw && cw->modelId == modelId;
-  });
+  rawData->eraseIf([&](const RawPointFields& point) { return isCogwheel(point) && point.modelId == modelId; });
 }
 
 void tgClearRawData() { TempoGauge::instance()->clearRawDataAll(); }

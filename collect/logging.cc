@@ -3,13 +3,15 @@
 //
 // The gate (switch test and grouping state) reads only atomics and takes no
 // lock, so a log call whose grouping is off costs a few loads. A call that
-// passes the gate allocates its point, then takes the store's mutex to intern
-// names, sample and push, so points from several threads never interleave
-// half-built and their order in rawData is the order of their stamps.
+// passes the gate takes the store's mutex to intern names, sample and push,
+// so points from several threads never interleave half-built and their order
+// in rawData is the order of their stamps. A point is packed straight into
+// the store: the path allocates nothing but, now and then, a chunk of it.
 #include <memory>
 #include <string>
 
 #include "collect/address_space_scanner.h"
+#include "collect/log_entry.h"
 #include "collect/tempo_gauge.h"
 #include "host/clock.h"
 #include "host/process_memory.h"
@@ -34,9 +36,10 @@ bool TempoGauge::logPoint(std::string_view grouping, std::string_view phase, boo
 
 bool TempoGauge::logPoint(std::int32_t groupingId, std::string_view phase, bool start) {
   try {
-    auto point = std::make_shared<TGORRERYDataPoint>();
+    RawPointFields point;
+    point.groupingId = groupingId;
     std::lock_guard lock(mutex_);
-    return storePoint(groupingId, phase, start, std::move(point));
+    return storePoint(point, phase, start);
   } catch (...) {
     return false;
   }
@@ -50,12 +53,14 @@ bool TempoGauge::logPoint(std::string_view grouping, std::string_view model, std
 bool TempoGauge::logPoint(std::int32_t groupingId, std::string_view model, std::string_view target,
                           std::string_view phase, bool start) {
   try {
-    auto point = std::make_shared<TGCWGENDataPoint>();
+    RawPointFields point;
+    point.pointClass = point.pointType = 1;
+    point.groupingId = groupingId;
     std::lock_guard lock(mutex_);
-    point->modelId = internId(tg::kModelKind, model);
-    point->targetId = internId(tg::kTargetKind, target);
-    point->statisticsTypeId = statisticsTypeIdForModel(model);
-    return storePoint(groupingId, phase, start, std::move(point));
+    point.modelId = internId(tg::kModelKind, model);
+    point.targetId = internId(tg::kTargetKind, target);
+    point.statisticsTypeId = statisticsTypeIdForModel(model);
+    return storePoint(point, phase, start);
   } catch (...) {
     return false;
   }
@@ -71,14 +76,16 @@ bool TempoGauge::logPoint(std::int32_t groupingId, std::string_view model, std::
                           std::string_view machine, std::string_view chart, std::string_view phase,
                           bool start) {
   try {
-    auto point = std::make_shared<TGLoomchartDataPoint>();
+    RawPointFields point;
+    point.pointClass = point.pointType = 2;
+    point.groupingId = groupingId;
     std::lock_guard lock(mutex_);
-    point->modelId = internId(tg::kModelKind, model);
-    point->targetId = internId(tg::kTargetKind, target);
-    point->machineId = internId(tg::kMachineKind, machine);
-    point->chartId = internId(tg::kChartKind, chart);
-    point->statisticsTypeId = statisticsTypeIdForModel(model);
-    return storePoint(groupingId, phase, start, std::move(point));
+    point.modelId = internId(tg::kModelKind, model);
+    point.targetId = internId(tg::kTargetKind, target);
+    point.machineId = internId(tg::kMachineKind, machine);
+    point.chartId = internId(tg::kChartKind, chart);
+    point.statisticsTypeId = statisticsTypeIdForModel(model);
+    return storePoint(point, phase, start);
   } catch (...) {
     return false;
   }
@@ -92,50 +99,50 @@ std::int32_t TempoGauge::statisticsTypeIdForModel(std::string_view model) {
   return internId(tg::kStatisticsTypeKind, type);
 }
 
-// The steps every point class shares, under the mutex: grouping, phase, start
-// bit, samples, push.
-bool TempoGauge::storePoint(std::int32_t groupingId, std::string_view phase, bool start,
-                            std::shared_ptr<TGORRERYDataPoint> point) {
-  point->groupingId = groupingId;
-  point->phaseId = internId(tg::kPhaseKind, phase);
-  point->flags.isStart = start ? 1u : 0u;
-  sample(*point);
+// The steps every point class shares, under the mutex: phase, start bit,
+// samples, push.
+bool TempoGauge::storePoint(RawPointFields& point, std::string_view phase, bool start) {
+  point.phaseId = internId(tg::kPhaseKind, phase);
+  point.isStart = start;
+  sample(point);
   if (!rawData) return false;
-  rawData->push_back(std::move(point));
+  rawData->append(point);
   return true;
 }
 
 // ---- Samples ------------------------------------------------------------------
 
 void TempoGauge::sampleInto(TGORRERYDataPoint& point) {
-  std::lock_guard lock(mutex_);
-  sample(point);
+  RawPointFields fields;
+  {
+    std::lock_guard lock(mutex_);
+    sample(fields);
+  }
+  if (fields.detailedState == RawPointFields::Detailed::kFigures) {
+    const auto& d = fields.detailed;
+    point.detailedMemStats = std::make_shared<tg::DetailedMemStats>(d[0], d[1], d[2], d[3], d[4]);
+  }
+  if (fields.hasBasic)
+    point.basicMemStats = std::make_shared<tg::BasicMemStats>(fields.basic[0], fields.basic[1], fields.basic[2]);
+  point.wallTime = fields.wallTime;
+  point.cpuTime = fields.cpuTime;
 }
 
-void TempoGauge::sample(TGORRERYDataPoint& point) {
+void TempoGauge::sample(RawPointFields& point) {
   // Memory first, so that the cost of reading it falls before the stamps.
+  point.hasBasic = true;  // a failed read leaves the zero-filled record
+  point.basic = {};
+  point.detailedState = RawPointFields::Detailed::kZero;
   if (detailedMemStatsEnabled.load(std::memory_order_relaxed) && memoryScanner) {
     memoryScanner->scan();
-    const tg::DetailedMemStats figures(static_cast<double>(memoryScanner->freeBytes),
-                                       static_cast<double>(memoryScanner->reservedBytes),
-                                       static_cast<double>(memoryScanner->commitBytes),
-                                       static_cast<double>(memoryScanner->moduleBytes),
-                                       static_cast<double>(memoryScanner->nonProcessBytes));
-    // A fresh point's record is its own: fill it rather than allocate another.
-    if (point.detailedMemStats && point.detailedMemStats.use_count() == 1)
-      *point.detailedMemStats = figures;
-    else
-      point.detailedMemStats = std::make_shared<tg::DetailedMemStats>(figures);
+    point.detailed = {static_cast<double>(memoryScanner->freeBytes), static_cast<double>(memoryScanner->reservedBytes),
+                      static_cast<double>(memoryScanner->commitBytes), static_cast<double>(memoryScanner->moduleBytes),
+                      static_cast<double>(memoryScanner->nonProcessBytes)};
+    point.detailedState = RawPointFields::Detailed::kFigures;
   }
-  if (tg::host::ProcessCounters counters; tg::host::readProcessCounters(counters)) {
-    const tg::BasicMemStats figures(static_cast<double>(counters.residentBytes),
-                                    static_cast<double>(counters.peakResidentBytes),
-                                    static_cast<double>(counters.virtualBytes));
-    if (point.basicMemStats && point.basicMemStats.use_count() == 1)
-      *point.basicMemStats = figures;
-    else
-      point.basicMemStats = std::make_shared<tg::BasicMemStats>(figures);
-  }
+  if (tg::host::ProcessCounters counters; tg::host::readProcessCounters(counters))
+    point.basic = {static_cast<double>(counters.residentBytes), static_cast<double>(counters.peakResidentBytes),
+                   static_cast<double>(counters.virtualBytes)};
   point.wallTime = huRealtime();
   point.cpuTime = huCPUtime();
 }
@@ -168,9 +175,34 @@ bool logForGroupingId(const TempoGauge* store, std::int32_t groupingId, Log log)
 
 }  // namespace
 
-bool tgLogORRERYData(const std::string& grouping, const std::string& phase, bool start) {
+namespace tg::collect {
+
+bool logHostData(std::string_view grouping, std::string_view phase, bool start) {
   static TempoGauge* const store = TempoGauge::instance();
   return logForGroupingNamed(store, grouping, [&](std::int32_t id) { return store->logPoint(id, phase, start); });
+}
+
+bool logStartupData(std::string_view phase, bool start) { return logHostData(tg::kStartupGrouping, phase, start); }
+
+bool logCogwheelData(std::string_view grouping, std::string_view model, std::string_view target,
+                     std::string_view phase, bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  return logForGroupingNamed(
+      store, grouping, [&](std::int32_t id) { return store->logPoint(id, model, target, phase, start); });
+}
+
+bool logLoomchartData(std::string_view grouping, std::string_view model, std::string_view target,
+                      std::string_view machine, std::string_view chart, std::string_view phase, bool start) {
+  static TempoGauge* const store = TempoGauge::instance();
+  return logForGroupingNamed(store, grouping, [&](std::int32_t id) {
+    return store->logPoint(id, model, target, machine, chart, phase, start);
+  });
+}
+
+}  // namespace tg::collect
+
+bool tgLogORRERYData(const std::string& grouping, const std::string& phase, bool start) {
+  return tg::collect::logHostData(grouping, phase, start);
 }
 
 bool tgLogORRERYData(std::int32_t groupingId, const std::string& phase, bool start) {
@@ -178,16 +210,11 @@ bool tgLogORRERYData(std::int32_t groupingId, const std::string& phase, bool sta
   return logForGroupingId(store, groupingId, [&] { return store->logPoint(groupingId, phase, start); });
 }
 
-bool tgLogCWStartupData(const std::string& phase, bool start) {
-  static const std::string startupGrouping(tg::kStartupGrouping);
-  return tgLogORRERYData(startupGrouping, phase, start);
-}
+bool tgLogCWStartupData(const std::string& phase, bool start) { return tg::collect::logStartupData(phase, start); }
 
 bool tgLogCogwheelData(const std::string& grouping, const std::string& model, const std::string& target,
                        const std::string& phase, bool start) {
-  static TempoGauge* const store = TempoGauge::instance();
-  return logForGroupingNamed(
-      store, grouping, [&](std::int32_t id) { return store->logPoint(id, model, target, phase, start); });
+  return tg::collect::logCogwheelData(grouping, model, target, phase, start);
 }
 
 bool tgLogCogwheelData(std::int32_t groupingId, const std::string& model, const std::string& target,
@@ -200,10 +227,7 @@ bool tgLogCogwheelData(std::int32_t groupingId, const std::string& model, const 
 bool tgLogLoomchartData(const std::string& grouping, const std::string& model, const std::string& target,
                         const std::string& machine, const std::string& chart, const std::string& phase,
                         bool start) {
-  static TempoGauge* const store = TempoGauge::instance();
-  return logForGroupingNamed(store, grouping, [&](std::int32_t id) {
-    return store->logPoint(id, model, target, machine, chart, phase, start);
-  });
+  return tg::collect::logLoomchartData(grouping, model, target, machine, chart, phase, start);
 }
 
 bool tgLogLoomchartData(std::int32_t groupingId, const std::string& model, const std::string& target,

@@ -40,7 +40,7 @@ TempoGauge* TempoGauge::instance() {
 }
 
 void TempoGauge::initialize() {
-  rawData = std::make_unique<RawPointVector>();
+  rawData = std::make_unique<RawPointStore>();
   loadedSystemInfo = std::make_unique<TempoGaugingSystemInfo>();
   modelStatisticsTypes = std::make_unique<std::unordered_map<std::string, std::string>>(16);
   modelStatisticsTypes->max_load_factor(1.0f);

@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "host/data_file_rows.h"
 #include "host/level5_check.h"
 #include "host/level5_decoder.h"
 #include "host/level5_encoder.h"
@@ -39,22 +40,56 @@ class orfFile {
     if (!l5::encodeArray(element, name, array)) return -1;
     // A failed write (a full disk, a size limit) shows at the latest when
     // the buffer is flushed; the file is then no longer to be trusted.
-    if (!writeCompressed(element) || std::fflush(out_) != 0) {
-      whole_->fail(errno);
+    if (!writeCompressed(element) || std::fflush(out_) != 0) return fail();
+    return 0;
+  }
+
+  // A failed write: the file is no longer to be trusted.
+  int fail() {
+    whole_->fail(errno);
+    failed_ = true;
+    return -1;
+  }
+
+  int putRows(const std::function<bool(l5::RowDeflater&)>& write) {
+    if (!out_ || failed_) return -1;
+    const long tagAt = std::ftell(out_);
+    std::uint32_t tag[2] = {l5::miCOMPRESSED, 0};
+    if (tagAt < 0 || std::fwrite(tag, 1, sizeof tag, out_) != sizeof tag) return fail();
+    std::uint64_t written = 0;
+    l5::RowDeflater deflater([&](const unsigned char* data, std::size_t size) {
+      written += size;
+      return std::fwrite(data, 1, size, out_) == size;
+    });
+    if (!write(deflater)) {
       failed_ = true;
       return -1;
     }
+    if (!deflater.finish() || written > std::numeric_limits<std::uint32_t>::max()) return fail();
+    tag[1] = static_cast<std::uint32_t>(written);
+    const long end = std::ftell(out_);
+    if (end < 0 || std::fseek(out_, tagAt, SEEK_SET) != 0 || std::fwrite(tag, 1, sizeof tag, out_) != sizeof tag ||
+        std::fseek(out_, end, SEEK_SET) != 0 || std::fflush(out_) != 0)
+      return fail();
     return 0;
   }
 
   oxArrayPtr get(std::string_view name) const {
+    const l5::Variable* v = find(name);
+    if (!v) return nullptr;
+    if (v->compressed.empty()) return l5::decodeElement(v->element, swapped_);
+    l5::Bytes element;
+    return l5::inflateDeferred(v->compressed, swapped_, element) ? l5::decodeElement(element, swapped_) : nullptr;
+  }
+
+  const l5::Variable* find(std::string_view name) const {
     if (!reading_) return nullptr;
     // The first variable of a name counts, as for the host's own loader.
     const auto it = std::find_if(variables_.begin(), variables_.end(),
                                  [&](const l5::Variable& v) { return v.name == name; });
-    if (it == variables_.end()) return nullptr;
-    return l5::decodeElement(it->element, swapped_);
+    return it == variables_.end() ? nullptr : &*it;
   }
+  bool swapped() const { return swapped_; }
 
   int close() {
     if (reading_) {
@@ -143,7 +178,10 @@ orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
   if (mode == "r") {
     std::vector<l5::Variable> variables;
     bool swapped = false;
-    if (!l5::readFile(path, variables, swapped)) return nullptr;
+    // Variables of more than this are read through a window when asked for
+    // (the raw points of long traces), not inflated whole at opening.
+    constexpr std::uint64_t kInflatedWhole = std::uint64_t{64} << 20;
+    if (!l5::readFile(path, variables, swapped, nullptr, kInflatedWhole)) return nullptr;
     return orfFilePtr(new orfFile(std::move(variables), swapped));
   }
   if (mode == "w") {
@@ -152,6 +190,20 @@ orfFilePtr orfOpen(std::string_view name, std::string_view mode) {
     return file;
   }
   return nullptr;
+}
+
+int orfPutRows(orfFile* file, const std::function<bool(l5::RowDeflater&)>& write) {
+  return file ? file->putRows(write) : -1;
+}
+
+orfHeldVariable orfVariableHeld(orfFile* file, std::string_view name) {
+  orfHeldVariable held;
+  const l5::Variable* v = file && !name.empty() ? file->find(name) : nullptr;
+  if (!v) return held;
+  held.swapped = file->swapped();
+  if (v->compressed.empty()) held.element = &v->element;
+  else held.compressed = &v->compressed;
+  return held;
 }
 
 int orfPutVariable(orfFile* file, std::string_view name, const oxArray* array) {

@@ -5,6 +5,7 @@
 // it and no variable comes back half-read.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ namespace tg::level5 {
 struct Variable {
   std::string name;
   Bytes element;
+  // A compressed variable too large to be inflated whole at opening keeps
+  // its zlib stream here (and `element` stays empty), unchecked: whoever
+  // reads it checks what it reads.
+  Bytes compressed;
 };
 
 // Why a file could not be read.
@@ -33,8 +38,15 @@ const char* describe(FileProblem problem);
 // too long; as Octave's own reader does, a variable whose stated length runs
 // past the end of its data by less than one 8-byte unit is taken as the data
 // there is. On failure `problem` (when given) says why.
+// Compressed variables whose element is longer than `deferAbove` bytes are
+// kept compressed (see Variable); their names are read from the stream's
+// first bytes.
 bool readFile(const std::string& path, std::vector<Variable>& variables, bool& swapped,
-              FileProblem* problem = nullptr);
+              FileProblem* problem = nullptr, std::uint64_t deferAbove = UINT64_MAX);
+
+// Inflates and checks the stream of a variable kept compressed; false when
+// it is damaged.
+bool inflateDeferred(const Bytes& compressed, bool swapped, Bytes& element);
 
 // Checks the array whose miMATRIX content is [at, end).
 bool checkArray(const Reader& r, std::uint64_t at, std::uint64_t end, int depth);

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "host/level5_elements.h"
 
+#include <sys/mman.h>
+
+#include <new>
+
 #include <limits>
 #include <utility>
 
@@ -100,6 +104,23 @@ bool level5Header(const unsigned char* h, bool& swapped) {
     return true;
   }
   return false;
+}
+
+namespace {
+constexpr std::size_t kMappedBuffer = std::size_t{16} << 20;
+}  // namespace
+
+void* allocateBytes(std::size_t bytes) {
+  if (bytes < kMappedBuffer) return ::operator new(bytes);
+  void* p = ::mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (p == MAP_FAILED) throw std::bad_alloc();
+  ::madvise(p, bytes, MADV_HUGEPAGE);  // a hint; without it the buffer works as well
+  return p;
+}
+
+void deallocateBytes(void* p, std::size_t bytes) noexcept {
+  if (bytes < kMappedBuffer) ::operator delete(p);
+  else ::munmap(p, bytes);
 }
 
 }  // namespace tg::level5

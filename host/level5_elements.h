@@ -4,13 +4,33 @@
 // either byte order.
 #pragma once
 
+#include <boost/container/small_vector.hpp>
+
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <vector>
 
 namespace tg::level5 {
 
-using Bytes = std::vector<unsigned char>;
+void* allocateBytes(std::size_t bytes);
+void deallocateBytes(void* p, std::size_t bytes) noexcept;
+
+// The allocator of byte buffers: buffers of many megabytes (the inflated
+// rows of a long trace run to a gigabyte) are mapped with transparent huge
+// pages, so that filling them takes a page fault per 2 MiB, not per 4 KiB.
+template <class T>
+struct BufferAllocator {
+  using value_type = T;
+  BufferAllocator() = default;
+  template <class U>
+  BufferAllocator(const BufferAllocator<U>&) noexcept {}
+  T* allocate(std::size_t n) { return static_cast<T*>(allocateBytes(n * sizeof(T))); }
+  void deallocate(T* p, std::size_t n) noexcept { deallocateBytes(p, n * sizeof(T)); }
+  friend bool operator==(const BufferAllocator&, const BufferAllocator&) { return true; }
+  friend bool operator!=(const BufferAllocator&, const BufferAllocator&) { return false; }
+};
+using Bytes = std::vector<unsigned char, BufferAllocator<unsigned char>>;
 
 // Element types.
 enum : std::uint32_t {
@@ -75,7 +95,9 @@ class Reader {
 struct ArrayHead {
   std::uint32_t cls = 0;
   std::uint32_t flags = 0;
-  std::vector<std::uint64_t> dims;
+  // Inline for the common two dimensions: a file of a million rows holds
+  // seventeen million arrays, each checked and read.
+  boost::container::small_vector<std::uint64_t, 4> dims;
   std::uint64_t count = 0;  // product of the dimensions
   Element name;
   std::uint64_t rest = 0;  // offset of the class's own parts

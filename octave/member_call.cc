@@ -2,9 +2,11 @@
 // Dispatch of GaugeKit members through the class registry.
 #include "octave/member_call.h"
 
+#include <array>
 #include <string>
 #include <vector>
 
+#include "collect/log_entry.h"
 #include "octave/octave_values.h"
 #include "scripting/errors.h"
 #include "scripting/gaugekit_package.h"
@@ -23,10 +25,46 @@ objsys::OBSMethodInfo* findMember(std::string_view className, std::string_view m
   return cls ? cls->findMethod(memberName) : nullptr;
 }
 
+// The logging methods take the most calls by far. When their inputs are as
+// their handlers want them (names that are char rows, a logical scalar
+// start flag, no outputs asked for), the names are passed to the core as
+// views of Octave's own character data: no host arrays, no copies. Any other
+// call goes the general way, which raises the handler's error.
+bool logDirectly(std::string_view member, const octave_value_list& args, int nargout) {
+  std::size_t names = 0;
+  if (member == "logORRERYData") names = 2;
+  else if (member == "logCogwheelData") names = 4;
+  else if (member == "logLoomchartData") names = 6;
+  else if (member == "logCWStartupData") names = 1;
+  else return false;
+  if (nargout > 0 || static_cast<std::size_t>(args.length()) != names + 1) return false;
+  std::array<charNDArray, 6> held;
+  std::array<std::string_view, 6> text;
+  for (std::size_t i = 0; i < names; ++i) {
+    const octave_value& value = args(static_cast<octave_idx_type>(i));
+    if (!value.is_string()) return false;
+    const dim_vector& dims = value.dims();
+    if (dims.ndims() != 2 || (dims(0) != 1 && dims(1) != 1)) return false;
+    held[i] = value.char_array_value();
+    text[i] = std::string_view(held[i].data(), static_cast<std::size_t>(held[i].numel()));
+  }
+  const octave_value& start = args(static_cast<octave_idx_type>(names));
+  if (!start.is_bool_scalar()) return false;
+  const bool flag = start.bool_value();
+  switch (names) {
+    case 2: tg::collect::logHostData(text[0], text[1], flag); break;
+    case 4: tg::collect::logCogwheelData(text[0], text[1], text[2], text[3], flag); break;
+    case 6: tg::collect::logLoomchartData(text[0], text[1], text[2], text[3], text[4], text[5], flag); break;
+    default: tg::collect::logStartupData(text[0], flag); break;
+  }
+  return true;
+}
+
 }  // namespace
 
 octave_value_list callPackageMember(std::string_view className, std::string_view memberName,
                                     const octave_value_list& args, int nargout) {
+  if (className == kTracerClassName && logDirectly(memberName, args, nargout)) return octave_value_list();
   objsys::OBSMethodInfo* member = findMember(className, memberName);
   const std::string_view owner = className.empty() ? std::string_view(kGaugeKitPackageName) : kTracerFullName;
   if (!member) {

@@ -24,9 +24,8 @@ std::string fileNameInput(const oxArray* value) {
 }  // namespace
 
 void TempoGauge_saveToFile::invoke(objsys::OBSClient*, int&, objsys::OBSValue*, int, objsys::OBSValue* in) {
-  const std::string fileName = fileNameInput(input(in, 0));
-  const std::unique_ptr<RawPointVector> points = TempoGauge::instance()->copyRawPoints();
-  saveTraceFile(fileName, *points);
+  // Written straight from the store: no copy of the points is made.
+  saveStoreTraceFile(fileNameInput(input(in, 0)));
 }
 
 void TempoGauge_saveCWStartupData::invoke(objsys::OBSClient*, int&, objsys::OBSValue*, int nin,

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -14,6 +15,7 @@
 #include "tempogauge/collect/constants.h"
 #include "tempogauge/collect/grouping_state_array.h"
 #include "tempogauge/collect/raw_point.h"
+#include "tempogauge/collect/raw_point_store.h"
 #include "tempogauge/collect/system_info_record.h"
 
 // Internal parts of the store, complete only inside the library.
@@ -83,6 +85,9 @@ class TempoGauge {
   void clearRawGroupingData(std::string_view grouping);
   void clearRawModelData(std::string_view model);
   std::unique_ptr<RawPointVector> copyRawPoints() const;
+  // Calls `take` with the fields of each point that copyRawPoints would
+  // give, without making the points (nothing when rawData is null).
+  void walkRawCopies(const std::function<void(const RawPointFields&)>& take) const;
   std::unique_ptr<RawPointVector> rawDataForGrouping(std::string_view grouping);
 
   // Serialises every operation on the store, so that several threads may log
@@ -91,7 +96,7 @@ class TempoGauge {
 
   // Members, in the order the store defines them.
   std::atomic<bool> detailedMemStatsEnabled{false};
-  std::unique_ptr<RawPointVector> rawData;
+  std::unique_ptr<RawPointStore> rawData;
   std::unique_ptr<TempoGaugingSystemInfo> loadedSystemInfo;
   std::unique_ptr<AddressSpaceScanner> memoryScanner;
   std::unique_ptr<std::unordered_map<std::string, std::string>> modelStatisticsTypes;
@@ -110,9 +115,8 @@ class TempoGauge {
   // Unlocked forms and helpers, for callers that already hold the mutex.
   std::int32_t internId(std::uint32_t kind, std::string_view name);
   std::int32_t findIdUnlocked(std::uint32_t kind, std::string_view name) const;
-  bool storePoint(std::int32_t groupingId, std::string_view phase, bool start,
-                  std::shared_ptr<TGORRERYDataPoint> point);
-  void sample(TGORRERYDataPoint& point);
+  void sample(RawPointFields& point);
+  bool storePoint(RawPointFields& point, std::string_view phase, bool start);
   std::int32_t statisticsTypeIdForModel(std::string_view model);
   void createModelStatisticsTypes();
   void ensureGroupingMembers();

@@ -29,6 +29,10 @@ inline constexpr std::string_view kTraceFileExtension = ".orf";
 // before it in the file. The file's extension is not checked.
 void saveTraceFile(std::string_view fileName, const RawPointVector& points);
 
+// saveTraceFile of the store's points as copyRawPoints gives them, written
+// straight from the store under its lock.
+void saveStoreTraceFile(std::string_view fileName);
+
 // Reads a saved trace file: appends its points to `points`, fills `info`
 // from its system information and sets `root` to its root. A missing
 // variable gives no points, an unchanged record or an empty root. Raises

@@ -1,0 +1,203 @@
+// SPDX-License-Identifier: BSD-3-Clause
+// The raw points written straight as a level-5 element, and the packed store
+// they come from: the same bytes as the host arrays' encoding, a zlib stream
+// that inflates to them, and points that come back from the store as they
+// went in.
+#include <gtest/gtest.h>
+#include <zlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+#include "collect_store_reset.h"
+#include "host/level5_encoder.h"
+#include "scratch_files.h"
+#include "scripting/errors.h"
+#include "store/raw_points_array.h"
+#include "store/raw_points_element.h"
+#include "store/trace_file.h"
+
+namespace {
+
+namespace l5 = tg::level5;
+
+class RawPointsElement : public CollectStoreTest {
+ protected:
+  void SetUp() override {
+    CollectStoreTest::SetUp();
+    savedRoot_ = hostRootPath();
+    hostRootPathSet("/opt/host");
+  }
+  void TearDown() override {
+    hostRootPathSet(savedRoot_);
+    CollectStoreTest::TearDown();
+  }
+
+  static std::int32_t id(std::uint32_t kind, const std::string& name) { return tgGetId(kind, name); }
+
+  // Points of every shape a store or a foreign file can hold.
+  static RawPointVector oddPoints() {
+    RawPointVector points;
+    auto lc = std::make_shared<TGLoomchartDataPoint>();
+    lc->phaseId = id(tg::kPhaseKind, "/opt/host/toolbox/lc.m");
+    lc->groupingId = id(tg::kGroupingKind, "Element.G");
+    lc->modelId = id(tg::kModelKind, "model");
+    lc->targetId = id(tg::kTargetKind, "target");
+    lc->machineId = id(tg::kMachineKind, "machine");
+    lc->chartId = id(tg::kChartKind, "chärt");
+    lc->statisticsTypeId = id(tg::kStatisticsTypeKind, "stats");
+    lc->flags.isStart = 1;
+    lc->wallTime = 12.5;
+    *lc->detailedMemStats = tg::DetailedMemStats(1, 2, 3, 4, -0.0);
+    *lc->basicMemStats = tg::BasicMemStats(6, 7, 8);
+    points.push_back(lc);
+    auto cw = std::make_shared<TGCWGENDataPoint>();  // says it is a host point
+    cw->pointType = 0;
+    cw->modelId = id(tg::kModelKind, "model");
+    cw->phaseId = id(tg::kPhaseKind, "cw");
+    cw->flags.isGap = 1;
+    points.push_back(cw);
+    auto odd = std::make_shared<TGORRERYDataPoint>();  // a type without a class, no records
+    odd->pointType = 7;
+    odd->groupingId = 1 << 28;
+    odd->phaseId = -5;
+    odd->basicMemStats.reset();
+    odd->detailedMemStats.reset();
+    odd->cpuTime = -1e300;
+    points.push_back(odd);
+    points.push_back(nullptr);
+    auto plain = std::make_shared<TGORRERYDataPoint>();
+    plain->phaseId = id(tg::kPhaseKind, "a");
+    plain->wallTime = 1.0 / 3.0;
+    points.push_back(plain);
+    return points;
+  }
+
+  static l5::Bytes inflated(const l5::Bytes& stream) {
+    l5::Bytes out(stream.size() * 64 + 4096);
+    uLongf size = out.size();
+    EXPECT_EQ(uncompress(out.data(), &size, stream.data(), stream.size()), Z_OK);
+    out.resize(size);
+    return out;
+  }
+
+  static l5::Bytes written(const RawPointVector& points) {
+    l5::Bytes stream;
+    l5::RowDeflater out([&](const unsigned char* p, std::size_t n) {
+      stream.insert(stream.end(), p, p + n);
+      return true;
+    });
+    EXPECT_TRUE(writeRawPointsElement(out, kRawDataVariable, points.size(), [&](const auto& take) {
+      for (const auto& p : points) take(RawPointFields::of(p.get()));
+    }));
+    EXPECT_TRUE(out.finish());
+    return inflated(stream);
+  }
+
+  static l5::Bytes encoded(const RawPointVector& points) {
+    l5::Bytes bytes;
+    EXPECT_TRUE(l5::encodeArray(bytes, kRawDataVariable, rawPointsToCellArray(points).get()));
+    return bytes;
+  }
+
+  std::string savedRoot_;
+};
+
+TEST_F(RawPointsElement, RowsAreTheBytesOfTheHostArraysEncoding) {
+  const RawPointVector points = oddPoints();
+  EXPECT_EQ(written(points), encoded(points));
+  EXPECT_EQ(written({}), encoded({}));
+}
+
+TEST_F(RawPointsElement, ManyRowsOfMixedLengthsInflateWhole) {
+  // Enough rows for the window to slide several times, with rows of many
+  // lengths and values, so that copies reach back to rows of other lengths.
+  std::mt19937 rng(3);
+  RawPointVector points;
+  for (int i = 0; i < 12000; ++i) {
+    RawPointVector odd = oddPoints();
+    RawPointPtr p = odd[rng() % odd.size()];
+    if (!p) p = std::make_shared<TGORRERYDataPoint>();
+    p->phaseId = id(tg::kPhaseKind, std::string(rng() % 40, 'p') + std::to_string(rng() % 7));
+    p->wallTime = i * 1e-3 + (rng() % 100) * 1e-9;
+    if (p->basicMemStats) p->basicMemStats->procMemUsage = 1e8 + rng() % 4096;
+    points.push_back(p);
+  }
+  EXPECT_EQ(written(points), encoded(points));
+}
+
+// A trace whose rows inflate beyond what is inflated whole at opening is
+// read through a window, with the same points, and refused when damaged.
+TEST_F(RawPointsElement, LongTracesLoadThroughAWindowAndDamageIsRefused) {
+  std::mt19937 rng(5);
+  RawPointVector points;
+  for (int i = 0; i < 70000; ++i) {
+    RawPointVector odd = oddPoints();
+    RawPointPtr p = odd[rng() % odd.size()];
+    if (p) p->wallTime = i + (rng() % 1000) * 1e-6;
+    points.push_back(p);
+  }
+  tgtest::ScratchDir scratch;
+  const std::string file = (scratch.dir() / "long.orf").string();
+  saveTraceFile(file, points);
+  RawPointVector back;
+  TempoGaugingSystemInfo info;
+  std::string root;
+  ASSERT_TRUE(loadTraceFile(file, back, info, root));
+  // Loaded rows are the rows saved (names interned again, gaps cleared).
+  EXPECT_EQ(encoded(back), encoded(RawPointVector(points.begin(), points.end())));
+  loadTraceIntoStore(file);
+  EXPECT_EQ(rawCount(), points.size());
+
+  std::ifstream in(file, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  for (const std::size_t at : {bytes.size() / 2, bytes.size() - 20}) {
+    std::string damaged = bytes;
+    damaged[at] = static_cast<char>(damaged[at] ^ 0x5A);
+    const std::string name = (scratch.dir() / ("damaged" + std::to_string(at) + ".orf")).string();
+    std::ofstream(name, std::ios::binary) << damaged;
+    RawPointVector none;
+    EXPECT_THROW(loadTraceFile(name, none, info, root),
+                 hfnd::except::Exception<tempogauge::TempoGauge::OpenFileFailed>) << at;
+    EXPECT_TRUE(none.empty());
+  }
+}
+
+TEST_F(RawPointsElement, StoreGivesBackWhatWentIn) {
+  const RawPointVector points = oddPoints();
+  RawPointStore store;
+  for (const auto& p : points) store.push_back(p);
+  ASSERT_EQ(store.size(), points.size());
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    SCOPED_TRACE(i);
+    const RawPointPtr back = store.at(i);
+    ASSERT_EQ(back == nullptr, points[i] == nullptr);
+    if (!back) continue;
+    EXPECT_EQ(typeid(*back), typeid(*points[i]));
+    EXPECT_EQ(back->basicMemStats == nullptr, points[i]->basicMemStats == nullptr);
+    EXPECT_EQ(back->detailedMemStats == nullptr, points[i]->detailedMemStats == nullptr);
+  }
+  // The same rows, so the same fields, ids and figures.
+  RawPointVector all(store.begin(), store.end());
+  EXPECT_EQ(encoded(all), encoded(points));
+  // Erasing keeps the order of the rest.
+  store.eraseIf([](const RawPointFields& f) { return f.pointClass != 0; });
+  RawPointVector hosts(store.begin(), store.end());
+  EXPECT_EQ(encoded(hosts), encoded({points[2], points[4]}));
+}
+
+TEST_F(RawPointsElement, BasicPointsTake56BytesAndDetailedOnesTheirFigures) {
+  RawPointStore store;
+  const RawPointPtr basic = std::make_shared<TGORRERYDataPoint>();
+  constexpr std::size_t kCount = 1000000;
+  for (std::size_t i = 0; i < kCount; ++i) store.push_back(basic);
+  EXPECT_LE(store.bytesHeld() / double(kCount), 57.0);
+  auto detailed = std::make_shared<TGCWGENDataPoint>();
+  *detailed->detailedMemStats = tg::DetailedMemStats(1, 2, 3, 4, 5);
+  RawPointStore rich;
+  for (std::size_t i = 0; i < kCount; ++i) rich.push_back(detailed);
+  EXPECT_LE(rich.bytesHeld() / double(kCount), 57.0 + 2 * (20 + 40));
+}
+
+}  // namespace
