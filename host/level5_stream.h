@@ -8,6 +8,7 @@
 #include <zlib.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 
 #include "host/level5_elements.h"
@@ -33,11 +34,13 @@ class InflateWindow {
 
  private:
   bool inflateMore(std::size_t room);
+  bool checksumMatches() const;
 
   const Bytes& compressed_;
   z_stream z_{};
   bool open_ = false;
   int status_ = Z_OK;
+  std::uint32_t adler_ = 1;  // of the bytes inflated so far
   Bytes buffer_;
   std::size_t start_ = 0;
   std::size_t end_ = 0;

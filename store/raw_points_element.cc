@@ -96,18 +96,28 @@ class RowCells {
 
   void appendRow(l5::Bytes& out, const RawPointFields& f, std::size_t size) {
     const std::size_t width = f.pointClass == 2 ? 20 : f.pointClass == 1 ? 18 : 16;
-    appendWord(out, l5::miMATRIX);
-    appendWord(out, static_cast<std::uint32_t>(size - 8));
-    appendCellHead(out, width, "");
-    out.insert(out.end(), tag_.begin(), tag_.end());
-    appendScalar(out, type_, &f.pointType, 4, 4);
-    forEachName(f, [&](const l5::Bytes& element) { out.insert(out.end(), element.begin(), element.end()); });
+    // The row's bytes are copied piece by piece into room made once.
+    const std::size_t at = out.size();
+    out.resize(at + size);
+    unsigned char* p = out.data() + at;
+    const auto put = [&p](const l5::Bytes& piece) {
+      std::memcpy(p, piece.data(), piece.size());
+      p += piece.size();
+    };
+    head_.clear();
+    appendWord(head_, l5::miMATRIX);
+    appendWord(head_, static_cast<std::uint32_t>(size - 8));
+    appendCellHead(head_, width, "");
+    put(head_);
+    put(tag_);
+    putScalar(p, type_, &f.pointType, 4, 4);
+    forEachName(f, put);
     const unsigned char start = f.isStart ? 1 : 0;
-    appendScalar(out, start_, &start, 1, 4);
-    appendNumber(out, f.wallTime);
-    appendNumber(out, f.cpuTime);
-    for (const double v : f.detailed) appendNumber(out, f.detailedState == RawPointFields::Detailed::kFigures ? v : 0.0);
-    for (const double v : f.basic) appendNumber(out, f.hasBasic ? v : 0.0);
+    putScalar(p, start_, &start, 1, 4);
+    putNumber(p, f.wallTime);
+    putNumber(p, f.cpuTime);
+    for (const double v : f.detailed) putNumber(p, f.detailedState == RawPointFields::Detailed::kFigures ? v : 0.0);
+    for (const double v : f.basic) putNumber(p, f.hasBasic ? v : 0.0);
   }
 
  private:
@@ -134,16 +144,19 @@ class RowCells {
     take(name(tg::kStatisticsTypeKind, f.statisticsTypeId));
   }
 
-  // Appends `element` with `bytes` of `value` at `fromEnd` bytes before its end.
-  static void appendScalar(l5::Bytes& out, const l5::Bytes& element, const void* value, std::size_t bytes,
-                           std::size_t fromEnd) {
-    out.insert(out.end(), element.begin(), element.end());
-    std::memcpy(out.data() + out.size() - fromEnd, value, bytes);
+  // Copies `element` to p, with `bytes` of `value` at `fromEnd` bytes before
+  // its end, and moves p past it.
+  static void putScalar(unsigned char*& p, const l5::Bytes& element, const void* value, std::size_t bytes,
+                        std::size_t fromEnd) {
+    std::memcpy(p, element.data(), element.size());
+    p += element.size();
+    std::memcpy(p - fromEnd, value, bytes);
   }
-  void appendNumber(l5::Bytes& out, double v) const { appendScalar(out, number_, &v, 8, 8); }
+  void putNumber(unsigned char*& p, double v) const { putScalar(p, number_, &v, 8, 8); }
 
   const std::size_t rowHead_ = cellHeadSize("");
   const l5::Bytes tag_, type_, start_, number_;
+  l5::Bytes head_;
   std::vector<l5::Bytes> byKind_[tg::kNameKindCount];
   std::unordered_map<std::uint64_t, l5::Bytes> odd_;
 };
