@@ -3,6 +3,7 @@
 #include "octave/member_call.h"
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,15 +39,11 @@ bool logDirectly(std::string_view member, const octave_value_list& args, int nar
   else if (member == "logCWStartupData") names = 1;
   else return false;
   if (nargout > 0 || static_cast<std::size_t>(args.length()) != names + 1) return false;
-  std::array<charNDArray, 6> held;
   std::array<std::string_view, 6> text;
   for (std::size_t i = 0; i < names; ++i) {
-    const octave_value& value = args(static_cast<octave_idx_type>(i));
-    if (!value.is_string()) return false;
-    const dim_vector& dims = value.dims();
-    if (dims.ndims() != 2 || (dims(0) != 1 && dims(1) != 1)) return false;
-    held[i] = value.char_array_value();
-    text[i] = std::string_view(held[i].data(), static_cast<std::size_t>(held[i].numel()));
+    const std::optional<std::string_view> chars = charVectorText(args(static_cast<octave_idx_type>(i)));
+    if (!chars) return false;
+    text[i] = *chars;
   }
   const octave_value& start = args(static_cast<octave_idx_type>(names));
   if (!start.is_bool_scalar()) return false;

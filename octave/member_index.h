@@ -8,6 +8,7 @@
 
 #include <list>
 #include <string>
+#include <string_view>
 
 namespace tg::octave_adapter {
 
@@ -15,10 +16,10 @@ namespace tg::octave_adapter {
 // the class `className` ("Tracer") or, when it is empty, below the package.
 // Calls the member named by the first index with the arguments of a
 // following "(" and applies any further indices to its result.
-octave_value_list indexMembers(const std::string& className, const std::string& type,
+octave_value_list indexMembers(std::string_view className, const std::string& type,
                                const std::list<octave_value_list>& idx, std::size_t from, int nargout);
 
-// The name a "." index carries.
-std::string memberName(const octave_value_list& index);
+// The name a "." index carries, as a view of the index's own characters.
+std::string_view memberName(const octave_value_list& index);
 
 }  // namespace tg::octave_adapter

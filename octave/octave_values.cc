@@ -4,6 +4,7 @@
 
 #include <octave/Cell.h>
 #include <octave/oct-map.h>
+#include <octave/ov-ch-mat.h>
 
 #include <string>
 
@@ -56,6 +57,19 @@ oxArrayPtr fromMap(const octave_map& map) {
 }
 
 }  // namespace
+
+std::optional<std::string_view> charVectorText(const octave_value& value) {
+  if (!value.is_string()) return std::nullopt;
+  // Every char array (single- and double-quoted) is an octave_char_matrix;
+  // its matrix is read by reference, where value.dims() and
+  // value.char_array_value() would each allocate a copy of the dimensions.
+  const auto* chars = dynamic_cast<const octave_char_matrix*>(value.internal_rep());
+  if (!chars) return std::nullopt;
+  const charNDArray& array = chars->matrix_ref();
+  const dim_vector& dims = array.dims();
+  if (dims.ndims() != 2 || (dims(0) != 1 && dims(1) != 1)) return std::nullopt;
+  return std::string_view(array.data(), static_cast<std::size_t>(array.numel()));
+}
 
 oxArrayPtr toHostArray(const octave_value& value) {
   // Scalars first: the flags and numbers of logging calls, without the

@@ -37,9 +37,9 @@ octave_value_list PackageFunction::subsref(const std::string& type, const std::l
   if (type.size() > 1) return indexMembers("", type, idx, 0, nargout);
   // Octave hands over one '.' at a time: give back what the name stands
   // for, and Octave applies what follows to it.
-  const std::string member = memberName(idx.front());
+  const std::string_view member = memberName(idx.front());
   if (member == kTracerClassName) return ovl(ClassRef::instance());
-  return ovl(octave_value(new PackageMemberFunction(member)));
+  return ovl(octave_value(new PackageMemberFunction(std::string(member))));
 }
 
 octave_value PackageFunction::subsref(const std::string& type, const std::list<octave_value_list>& idx) {
