@@ -2,17 +2,18 @@
 #include "analysis/trace_event_export.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <ostream>
+#include <streambuf>
 #include <string>
-#include <system_error>
+#include <string_view>
 #include <vector>
 
 #include <nlohmann/json.hpp>
 
+#include "host/whole_file.h"
 #include "tempogauge/analysis.h"
 #include "tempogauge/collect.h"
 #include "tempogauge/collect/constants.h"
@@ -98,6 +99,35 @@ json metadataEvent(std::string_view name, int tid, json args) {
   return {{"ph", "M"}, {"name", name}, {"pid", kPid}, {"tid", tid}, {"args", std::move(args)}};
 }
 
+// A stream's buffer that hands its text to a whole file in blocks; a failed
+// write marks the file as failed, and commit() then reports it.
+class WholeFileBuffer : public std::streambuf {
+ public:
+  explicit WholeFileBuffer(WholeFile& file) : file_(file) { setp(block_.data(), block_.data() + block_.size()); }
+  ~WholeFileBuffer() override { sync(); }
+  WholeFileBuffer(const WholeFileBuffer&) = delete;
+  WholeFileBuffer& operator=(const WholeFileBuffer&) = delete;
+
+ protected:
+  int_type overflow(int_type c) override {
+    if (sync() != 0) return traits_type::eof();
+    if (!traits_type::eq_int_type(c, traits_type::eof())) {
+      *pptr() = traits_type::to_char_type(c);
+      pbump(1);
+    }
+    return traits_type::not_eof(c);
+  }
+  int sync() override {
+    const std::string_view text(pbase(), static_cast<std::size_t>(pptr() - pbase()));
+    setp(block_.data(), block_.data() + block_.size());
+    return file_.write(text) ? 0 : -1;
+  }
+
+ private:
+  WholeFile& file_;
+  std::array<char, 1 << 16> block_{};
+};
+
 }  // namespace
 
 void writeTraceEvents(std::ostream& out, const TGProcessedDataStruct& run, const TempoGaugingSystemInfo& info,
@@ -154,31 +184,15 @@ bool writeTraceEventFile(std::string_view jsonFile, const TGProcessedDataStruct&
                          const TempoGaugingSystemInfo& info, std::string_view title) {
   if (run.hasErrors)
     throw UnpairedTraceError("the starts and ends of the phases do not pair up; the diagnostic report shows where");
-  const std::filesystem::path target{std::string(jsonFile)};
-  std::filesystem::path partial = target;
-  partial += ".partial";
-  std::error_code ignored;
+  WholeFile file(jsonFile);
+  if (!file.isOpen()) return false;
   {
-    std::ofstream out(partial, std::ios::binary | std::ios::trunc);
-    if (!out) return false;
-    try {
-      writeTraceEvents(out, run, info, title);
-    } catch (...) {
-      out.close();
-      std::filesystem::remove(partial, ignored);
-      throw;
-    }
+    WholeFileBuffer buffer(file);
+    std::ostream out(&buffer);
+    writeTraceEvents(out, run, info, title);
     out.flush();
-    if (!out) {
-      out.close();
-      std::filesystem::remove(partial, ignored);
-      return false;
-    }
   }
-  std::error_code renamed;
-  std::filesystem::rename(partial, target, renamed);
-  if (renamed) std::filesystem::remove(partial, ignored);
-  return !renamed;
+  return file.commit();
 }
 
 bool writeTraceEventFile(std::string_view jsonFile, std::string_view grouping) {

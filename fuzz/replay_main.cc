@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Replays inputs through the fuzz target without the fuzzer: every file of
 // the folders (or files) given, so that the seed corpus and every input that
 // once found a fault run with the ordinary tests.

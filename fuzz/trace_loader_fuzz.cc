@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // The trace loader on arbitrary bytes: the file is read and checked, each of
 // its variables decoded, and, when it is a trace, its rows turned into points
 // as a report would load them. Any input must end in a result, never in a

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: BSD-3-Clause
 // Files are whole or absent: every writer (reports, comparisons, diagnostic
-// reports, saved traces) under real failures: a full device, a file size
-// limit, a folder that is missing or is a file. And reading stays bounded:
-// files of junk and files whose elements claim more than they hold are
-// refused at once.
+// reports, saved traces, trace event exports) under real failures: a full
+// device, a file size limit, a folder that is missing or is a file. And
+// reading stays bounded: files of junk and files whose elements claim more
+// than they hold are refused at once.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -24,6 +25,8 @@
 #include "report_doc_trace.h"
 #include "scratch_files.h"
 #include "store/trace_file.h"
+#include "tempogauge/analysis.h"
+#include "tempogauge/analysis/trace_event_export.h"
 #include "tempogauge/report.h"
 
 namespace fs = std::filesystem;
@@ -71,6 +74,11 @@ std::vector<NamedWriter> writers(RawPointVector& run) {
       {"trace", guarded([&run](const std::string& t) {
          saveTraceFile(t, run);
          return true;
+       })},
+      {"trace events", guarded([&run](const std::string& t) {
+         RawPointVector copy = run;
+         const auto paired = tgGetProcessedDataForGroupings(&copy, {std::string(tg::kGlobalGrouping)});
+         return writeTraceEventFile(t, paired, {}, "Run");
        })},
   };
 }
