@@ -5,6 +5,7 @@
 #include <atomic>
 #include <string>
 #include <thread>
+#include <tuple>
 
 #include "tempogauge/tempogauge.h"
 
@@ -66,23 +67,16 @@ TEST_F(PathTest, RootCanChangeWhileNamesAreCleaned) {
   EXPECT_TRUE(whole);
 }
 
-TEST(NumberText, DoubleToUStringCutsWithoutRounding) {
-  EXPECT_EQ(tgDoubleToUString(12.345, 1), "12.3");
-  EXPECT_EQ(tgDoubleToUString(12.5, 3), "12.5");
-  EXPECT_EQ(tgDoubleToUString(12.5, 0), "1");
-  EXPECT_EQ(tgDoubleToUString(12.99, 1), "12.9");
-  EXPECT_EQ(tgDoubleToUString(7.0, 2), "7.00");
-  EXPECT_EQ(tgDoubleToUString(7.0, 0), "7");
-  EXPECT_EQ(tgDoubleToUString(-0.25, 1), "-0.2");
-}
-
-TEST(NumberText, IntToUStringAndFormatDouble) {
+TEST(NumberText, DoubleToUStringCutsWithoutRoundingAndFormatDouble) {
+  for (const auto& [value, digits, text] :
+       {std::tuple{12.345, 1, "12.3"}, {12.5, 3, "12.5"}, {12.5, 0, "1"}, {12.99, 1, "12.9"}, {7.0, 2, "7.00"},
+        {7.0, 0, "7"}, {-0.25, 1, "-0.2"}})
+    EXPECT_EQ(tgDoubleToUString(value, digits), text) << value << " " << digits;
+  for (const auto& [value, digits, text] : {std::tuple{1.23456, 2, "1.2"}, {1234567.0, 3, "1.23e+06"},
+                                            {0.5, 0, "0.5"}, {1.0 / 3.0, 40, "0.333333333333333"}})
+    EXPECT_EQ(tgFormatDouble(value, digits), text) << value << " " << digits;
   EXPECT_EQ(tgIntToUString(-2147483647 - 1), "-2147483648");
   EXPECT_EQ(tgIntToUString(0), "0");
-  EXPECT_EQ(tgFormatDouble(1.23456, 2), "1.2");
-  EXPECT_EQ(tgFormatDouble(1234567.0, 3), "1.23e+06");
-  EXPECT_EQ(tgFormatDouble(0.5, 0), "0.5");
-  EXPECT_EQ(tgFormatDouble(1.0 / 3.0, 40), "0.333333333333333");
 }
 
 }  // namespace

@@ -243,17 +243,6 @@ TEST_F(DataFile, FilesOfTheOtherByteOrderRead) {
   EXPECT_EQ(k->cell(0)->int32s()[0], -7);
 }
 
-TEST_F(DataFile, VariablesAreFoundByNameInAnyOrder) {
-  const std::string file = writeSample("sample.orf", 3);
-  auto f = orfOpen(file, "r");
-  ASSERT_TRUE(f);
-  EXPECT_EQ(oxArrayToStdString(orfGetVariable(f.get(), "Root").get()), "/opt/host");
-  const auto rows = orfGetVariable(f.get(), "Rows");
-  ASSERT_TRUE(rows);
-  EXPECT_EQ(rows->numel(), 3u);
-  EXPECT_EQ(oxArrayToStdString(rows->cell(2)->cell(2)), "phase 2");
-}
-
 TEST_F(DataFile, HandlesRefuseTheWrongDirection) {
   const std::string file = writeSample("sample.orf", 1);
   auto r = orfOpen(file, "r");

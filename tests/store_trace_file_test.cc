@@ -223,14 +223,11 @@ TEST_F(TraceFile, BadFilesRaiseOpenFileFailedAndLeaveTheStoreAlone) {
   }
 }
 
-TEST_F(TraceFile, SavingWhereNoFileCanBeMadeRaisesOpenFileFailed) {
+TEST_F(TraceFile, SavesThatCannotBeMadeOrWrittenRaise) {
   const std::string file = path("no/such/folder/run.orf");
   EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { saveTraceFile(file, {}); }),
             std::vector<std::string>{file});
   EXPECT_FALSE(fs::exists(file));
-}
-
-TEST_F(TraceFile, AFullDeviceRaisesDataWriteFailForTheRawData) {
   logRun(unique("G"));
   EXPECT_EQ(raisedArguments<TG::DataWriteFail>([&] { saveTraceFile("/dev/full", *store().copyRawPoints()); }),
             (std::vector<std::string>{"Raw Data", "/dev/full"}));
@@ -245,7 +242,6 @@ TEST_F(TraceFile, AnEmptyTraceSavesAndLoadsAsNoPoints) {
   ASSERT_TRUE(loadTraceFile(file, points, info, root));
   EXPECT_TRUE(points.empty());
   EXPECT_EQ(root, "/opt/testhost");
-  EXPECT_EQ(CW_STARTUP_FILE, "CWStartupData.orf");
 }
 
 // Saves `points` under a file size limit just short of the end of each of
