@@ -95,7 +95,7 @@ TEST(Sampling, ForkedChildReadsItsOwnCounters) {
   EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
-TEST(Sampling, WalkCoversTheWholeUserSpace) {
+TEST(Sampling, WalkCoversTheWholeUserSpaceAndSortsMappingsByAccess) {
   AddressSpaceScanner scanner;
   const std::uint64_t nonProcess = scanner.nonProcessBytes;
   // The 32-bit total wraps below the 47-bit user top.
@@ -109,11 +109,7 @@ TEST(Sampling, WalkCoversTheWholeUserSpace) {
   EXPECT_GT(scanner.commitBytes, 0u);
   EXPECT_TRUE(scanner.scanLabel.empty());
   EXPECT_EQ(scanner.nonProcessBytes, nonProcess);
-}
-
-TEST(Sampling, WalkSortsMappingsByAccess) {
-  AddressSpaceScanner scanner;
-  scanner.scan();
+  // New mappings are sorted by their access.
   const AddressSpaceScanner first = scanner;
   const Mapping reserved(256 * kMiB, PROT_NONE);
   const Mapping committed(128 * kMiB, PROT_READ);

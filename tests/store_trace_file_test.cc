@@ -17,8 +17,10 @@
 #include "host/data_file.h"
 #include "host/host_bridge.h"
 #include "host/standalone_bridge.h"
+#include "host_array_text.h"
 #include "scratch_files.h"
 #include "scripting/errors.h"
+#include "store/raw_points_array.h"
 #include "store/system_info_collection.h"
 #include "store/trace_file.h"
 
@@ -114,19 +116,11 @@ TEST_F(TraceFile, LoadKeepsTheOrderAndTheLoadedNamesLoseTheRoot) {
   std::string root;
   ASSERT_TRUE(loadTraceFile(file, points, info, root));
   EXPECT_EQ(root, "/opt/testhost");
-  ASSERT_EQ(points.size(), live->size());
-  for (std::size_t i = 0; i < points.size(); ++i) {
-    EXPECT_EQ(points[i]->pointType, (*live)[i]->pointType) << i;
-    EXPECT_EQ(points[i]->isStart(), (*live)[i]->isStart()) << i;
-    EXPECT_EQ(points[i]->wallTime, (*live)[i]->wallTime) << i;
-    EXPECT_EQ(points[i]->basicMemStats->procMemUsage, (*live)[i]->basicMemStats->procMemUsage) << i;
-    EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, points[i]->groupingId), grouping);
-  }
+  // The same rows (rows lose the root, so the live points' rows match).
+  EXPECT_EQ(tgtest::arrayText(rawPointsToCellArray(points).get()), tgtest::arrayText(rawPointsToCellArray(*live).get()));
+  EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, points[0]->groupingId), grouping);
   EXPECT_EQ(tgGetNameStr(tg::kPhaseKind, points[0]->phaseId), "toolbox/outer.m");
   EXPECT_EQ(tgGetNameStr(tg::kPhaseKind, (*live)[0]->phaseId), "/opt/testhost/toolbox/outer.m");
-  const auto lc = std::dynamic_pointer_cast<TGLoomchartDataPoint>(points[2]);
-  ASSERT_TRUE(lc);
-  EXPECT_EQ(tgGetNameStr(tg::kChartKind, lc->chartId), "chart");
   EXPECT_EQ(info.processorStr, getCachedSystemInfo()->processorStr);
   EXPECT_EQ(info.installedProductsStr, getCachedSystemInfo()->installedProductsStr);
 }
