@@ -91,23 +91,8 @@ void BM_SaveTraceFile(benchmark::State& state) {
   std::filesystem::remove(file);
 }
 
-void BM_LoadTraceFileIntoStore(benchmark::State& state) {
-  const std::string& file = savedFile();
-  for (auto _ : state) {
-    const auto figures = tgbench::inFreshProcess<2>([&]() -> std::array<double, 2> {
-      const double start = huRealtime();
-      loadTraceIntoStore(file);
-      const double seconds = huRealtime() - start;
-      std::lock_guard lock(TempoGauge::instance()->mutex());
-      return {seconds, static_cast<double>(TempoGauge::instance()->rawData->size())};
-    });
-    if (figures[1] != kPoints) state.SkipWithError("the file did not load whole");
-    state.SetIterationTime(figures[0]);
-  }
-  state.counters["points"] = static_cast<double>(kPoints);
-}
-
-void BM_LoadTraceFileAsPoints(benchmark::State& state) {
+// Arg 0: into the store; 1: as points for a report.
+void BM_LoadTraceFile(benchmark::State& state) {
   const std::string& file = savedFile();
   for (auto _ : state) {
     const auto figures = tgbench::inFreshProcess<2>([&]() -> std::array<double, 2> {
@@ -115,18 +100,24 @@ void BM_LoadTraceFileAsPoints(benchmark::State& state) {
       TempoGaugingSystemInfo info;
       std::string root;
       const double start = huRealtime();
-      loadTraceFile(file, points, info, root);
-      return {huRealtime() - start, static_cast<double>(points.size())};
+      if (state.range(0) == 0) {
+        loadTraceIntoStore(file);
+      } else {
+        loadTraceFile(file, points, info, root);
+      }
+      const double seconds = huRealtime() - start;
+      std::lock_guard lock(TempoGauge::instance()->mutex());
+      return {seconds, static_cast<double>(state.range(0) ? points.size() : TempoGauge::instance()->rawData->size())};
     });
     if (figures[1] != kPoints) state.SkipWithError("the file did not load whole");
     state.SetIterationTime(figures[0]);
   }
   state.counters["points"] = static_cast<double>(kPoints);
+  state.SetLabel(state.range(0) ? "as points" : "into the store");
 }
 
 }  // namespace
 
 BENCHMARK(BM_SaveTraceFile)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
-BENCHMARK(BM_LoadTraceFileIntoStore)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
-BENCHMARK(BM_LoadTraceFileAsPoints)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
+BENCHMARK(BM_LoadTraceFile)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond)->Iterations(1)->UseManualTime();
 
