@@ -141,12 +141,13 @@ TEST_F(LoggingTest, DetailedSwitchFillsTheDetailedRecord) {
   ASSERT_TRUE(tgLogORRERYData(grouping, "p", true));
   EXPECT_FALSE(tgEnableDetailedMemStats(false));
   ASSERT_TRUE(tgLogORRERYData(grouping, "p", false));
-  const auto& on = *rawAt(0)->detailedMemStats;
+  // Copies: the point objects are made on demand and die with the pointer.
+  const auto on = *rawAt(0)->detailedMemStats;
   EXPECT_GT(on.commitMem, 0.0);
   EXPECT_GT(on.freeMem, 0.0);
   EXPECT_GT(on.dllsMem, 0.0);
   EXPECT_EQ(on.nonprocessMem, static_cast<double>(0xFFFFFFFFull - 0x7fffffffffffull + 1));
-  const auto& off = *rawAt(1)->detailedMemStats;
+  const auto off = *rawAt(1)->detailedMemStats;
   EXPECT_EQ(off.commitMem + off.freeMem + off.resMem + off.dllsMem + off.nonprocessMem, 0.0);
 }
 
