@@ -6,6 +6,7 @@
 
 #include "cli/command_options.h"
 #include "cli/commands.h"
+#include "cli/output_guard.h"
 #include "cli/saved_run.h"
 #include "tempogauge/tempogauge.h"
 
@@ -20,7 +21,7 @@ struct ExportOptions {
 
 void runExport(const ExportOptions& o) {
   const std::string out = o.out.empty() ? stemOf(o.trace) + ".json" : o.out;
-  refuseOutputOverInput(out, o.trace);
+  refuseInputAsOutput(out, {o.trace});
   const SavedRun run = readPairedRun(o.trace, o.grouping);
   if (!writeTraceEventFile(out, run.data, run.info, stemOf(o.trace))) tgRaise<TG::WriteFileFailed>(out);
   printWritten(out);

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
 #include "cli/saved_run.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "cli/command_options.h"
 
 namespace tg::cli {
@@ -25,12 +22,6 @@ SavedRun readPairedRun(const std::string& file, const std::string& grouping) {
   run.data = tgGetProcessedDataForGroupings(&raw, groupingsFor(grouping));
   if (run.data.hasErrors) throw CommandError(unpairedMessage(file));
   return run;
-}
-
-void refuseOutputOverInput(const std::string& out, const std::string& input) {
-  std::error_code error;
-  if (std::filesystem::equivalent(out, input, error))
-    throw CommandError("the output file " + out + " is the input trace " + input + "; choose another name");
 }
 
 }  // namespace tg::cli

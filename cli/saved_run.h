@@ -24,7 +24,4 @@ SavedRun readPairedRun(const std::string& file, const std::string& grouping);
 // The text of the failure for a trace whose phases don't pair up.
 std::string unpairedMessage(const std::string& file);
 
-// Raises a CommandError when `out` is one of the input files.
-void refuseOutputOverInput(const std::string& out, const std::string& input);
-
 }  // namespace tg::cli

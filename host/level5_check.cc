@@ -170,6 +170,17 @@ bool inflateElement(std::FILE* file, std::uint64_t size, bool swapped, Bytes& ou
     if (status != Z_OK && status != Z_STREAM_END) return false;
     filled += room - z.avail_out;
   }
+  // The stream must also end whole, its checksum matching: damage in its
+  // last bytes leaves the element's bytes as stated but fails the check.
+  std::array<unsigned char, 4096> sink{};
+  while (status == Z_OK) {
+    if (!feed()) return false;
+    if (z.avail_in == 0) return false;  // stream cut short
+    z.next_out = sink.data();
+    z.avail_out = static_cast<uInt>(sink.size());
+    status = inflate(&z, Z_SYNC_FLUSH);
+  }
+  if (status != Z_STREAM_END) return false;
   out.resize(filled);
   if (filled == length) return true;
   if (status != Z_STREAM_END || length - filled > kLengthSlack) return false;

@@ -78,8 +78,16 @@ void readTrace(std::string_view fileName, const std::function<void(const RawPoin
     // A damaged stream is a file that does not open.
     if (raw.compressed && !readRawPointsStream(*raw.compressed, raw.swapped, take))
       tgRaise<TG::OpenFileFailed>(fileName);
-    const oxArrayPtr system = orfGetVariable(file.get(), kSystemInfoVariable);
-    const oxArrayPtr hostRoot = orfGetVariable(file.get(), kHostRootVariable);
+    // Either may be absent (older files), but one that is there and does
+    // not decode is damage.
+    const auto optional = [&](std::string_view name) {
+      oxArrayPtr array = orfGetVariable(file.get(), name);
+      const orfHeldVariable held = orfVariableHeld(file.get(), name);
+      if (!array && (held.element || held.compressed)) tgRaise<TG::OpenFileFailed>(fileName);
+      return array;
+    };
+    const oxArrayPtr system = optional(kSystemInfoVariable);
+    const oxArrayPtr hostRoot = optional(kHostRootVariable);
     systemInfoFromArray(system.get(), info);
     root = oxArrayToStdString(hostRoot.get());
   }
