@@ -3,10 +3,7 @@
 // which limits, the exit status, and CSV and JSON that readers parse back;
 // with repeated runs, which phases the rank test lets fail.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <set>
 #include <string>
@@ -14,7 +11,7 @@
 #include <nlohmann/json.hpp>
 
 #include "analysis_trace_builder.h"
-#include "scratch_files.h"
+#include "command_run.h"
 #include "tempogauge/tempogauge.h"
 
 namespace {
@@ -22,10 +19,7 @@ namespace {
 namespace fs = std::filesystem;
 using nlohmann::json;
 
-struct Result {
-  int status = -1;
-  std::string out;
-};
+using Result = tgtest::CommandResult;
 
 class GateCommand : public ::testing::Test {
  protected:
@@ -40,20 +34,7 @@ class GateCommand : public ::testing::Test {
     saveTraceFile((dir_ / "rhs.orf").string(), rhs.points);
   }
 
-  // Standard error is dropped unless `withErrors`, which mixes it in.
-  Result run(const std::string& args, bool withErrors = false) const {
-    const fs::path exe = fs::read_symlink("/proc/self/exe").parent_path() / "tempogauge";
-    const std::string command =
-        "cd '" + dir_.string() + "' && '" + exe.string() + "' " + args + (withErrors ? " 2>&1" : " 2>/dev/null");
-    Result result;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe) return result;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe)) result.out.append(buffer.data(), n);
-    const int status = ::pclose(pipe);
-    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    return result;
-  }
+  Result run(const std::string& args) const { return tgtest::runCommand(dir_, args); }
 
   static std::set<std::string> phasesOf(const std::string& jsonText) {
     std::set<std::string> names;
@@ -159,7 +140,8 @@ TEST_F(RepeatedRunsGate, FailsOnlyOnLargeSignificantChanges) {
     const Result r = run(c.args + " --format json");
     EXPECT_EQ(r.status, c.status);
     EXPECT_EQ(phasesOf(r.out.empty() ? "[]" : r.out), c.failing);
-    const std::string text = run(c.args, true).out;
+    const Result shown = run(c.args);
+    const std::string text = shown.out + shown.err;
     EXPECT_EQ(text.find("warning: with") != std::string::npos, !c.warning.empty()) << text;
     EXPECT_NE(text.find(c.warning), std::string::npos) << text;
   }

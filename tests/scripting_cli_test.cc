@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // The tempogauge command, run as a separate process on real files.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <array>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <set>
@@ -13,7 +9,7 @@
 #include <string>
 
 #include "collect_store_reset.h"
-#include "scratch_files.h"
+#include "command_run.h"
 #include "scripting_call.h"
 #include "tempogauge/tempogauge.h"
 
@@ -21,33 +17,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace scripting_test;
-
-struct CommandResult {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
+using tgtest::CommandResult;
 using tgtest::readFile;
 
 class ScriptingCommand : public CollectStoreTest {
  protected:
-  // Runs the command (next to the test binary) in the scratch folder.
-  CommandResult run(const std::string& args) const {
-    const fs::path exe = fs::read_symlink("/proc/self/exe").parent_path() / "tempogauge";
-    const fs::path err = dir_ / "stderr.txt";
-    const std::string command = "cd '" + dir_.string() + "' && '" + exe.string() + "' " + args + " 2>'" +
-                                err.string() + "'";
-    CommandResult result;
-    FILE* pipe = ::popen(command.c_str(), "r");
-    if (!pipe) return result;
-    std::array<char, 4096> buffer{};
-    while (const std::size_t n = std::fread(buffer.data(), 1, buffer.size(), pipe)) result.out.append(buffer.data(), n);
-    const int status = ::pclose(pipe);
-    result.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    result.err = readFile(err);
-    return result;
-  }
+  CommandResult run(const std::string& args) const { return tgtest::runCommand(dir_, args); }
 
   // A saved trace of `phases` nested phases, each run twice.
   fs::path saveTrace(const std::string& name, int phases) {
