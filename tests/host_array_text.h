@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: BSD-3-Clause
 // A host array as one line of text, for golden comparisons: 'chars', i7
-// (int32), u7 (uint32), doubles, true or false, {cells}, and a struct's
-// fields as name=value, six to a line.
+// (int32), u7 (uint32), a double's first value, true or false, {cells} ({}
+// when empty; [] an empty array of another class), and a struct's fields as
+// name=value, six to a line.
 #pragma once
 
 #include <sstream>
@@ -13,7 +14,7 @@ namespace tgtest {
 
 inline std::string arrayText(const oxArray* a) {
   if (!a) return "null";
-  if (a->isEmpty()) return a->classID() == oxCHAR_CLASS ? "''" : "[]";
+  if (a->isEmpty()) return a->classID() == oxCHAR_CLASS ? "''" : a->classID() == oxCELL_CLASS ? "{}" : "[]";
   std::ostringstream out;
   switch (a->classID()) {
     case oxCHAR_CLASS: out << "'" << a->chars() << "'"; break;
