@@ -6,8 +6,10 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <limits>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <matio.h>
@@ -27,13 +29,15 @@ class DataFile : public ::testing::Test {
  protected:
   std::string path(const std::string& name) const { return scratch_.path(name); }
 
-  static std::vector<char> bytesOf(const std::string& file) {
-    std::ifstream in(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  static void writeBytes(const std::string& file, std::string_view bytes) {
+    std::ofstream(file, std::ios::binary | std::ios::trunc) << bytes;
   }
-  static void writeBytes(const std::string& file, const std::vector<char>& bytes) {
-    std::ofstream out(file, std::ios::binary | std::ios::trunc);
-    out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  // The 128 bytes before the first element, in either byte order.
+  static std::string header(bool bigEndian = false) {
+    return std::string(116, ' ') + std::string(8, '\0') + std::string(bigEndian ? "\x01\x00MI" : "\x00\x01IM", 4);
+  }
+  static std::string tag(std::uint32_t type, std::uint32_t bytes) {
+    return std::string(reinterpret_cast<const char*>(&type), 4) + std::string(reinterpret_cast<const char*>(&bytes), 4);
   }
 
   // Writes a trace-like cell array of rows, as the store does.
@@ -169,9 +173,7 @@ TEST_F(DataFile, FilesOfTheOtherByteOrderRead) {
       14, 64,  6, 8, 4, 0,   5, 8, 1, 2,  1, 1, 'c' << 24, 0,  17, 4, 0x006800E9, 0,                 // "h", U+00E9
       14, 104, 6, 8, 1, 0,   5, 8, 1, 1,  1, 1, 'k' << 24, 0,
       14, 48,  6, 8, 12, 0,  5, 8, 1, 1,  1, 0,  5 | 4 << 16, static_cast<std::uint32_t>(-7)};
-  std::vector<char> bytes(116, ' ');
-  bytes.resize(124, 0);
-  for (const char c : {'\x01', '\x00', 'M', 'I'}) bytes.push_back(c);
+  std::string bytes = header(true);
   for (const std::uint32_t w : words)
     for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<char>(w >> shift));
   writeBytes(path("big.orf"), bytes);
@@ -202,29 +204,80 @@ TEST_F(DataFile, HandlesRefuseTheWrongDirection) {
   EXPECT_NE(orfClose(none), 0);
 }
 
-// Each way a file can fail to open for reading says which it is.
+// Each way a file can fail to open for reading says which it is. Files whose
+// bytes can't be what they claim are refused before they are read whole:
+// sparse files of 2 GB (taking no disk), and elements that state more than
+// the file holds.
 TEST_F(DataFile, FilesThatDoNotOpenSayWhy) {
   using tg::level5::FileProblem;
-  writeBytes(path("empty.orf"), {});
-  writeBytes(path("text.orf"), std::vector<char>(300, 'a'));  // long enough for a header
-  auto cut = bytesOf(writeSample("cut.orf"));
+  std::string cut = tgtest::readFile(writeSample("sample.orf"));
   cut.resize(cut.size() - 10);
-  writeBytes(path("cut.orf"), cut);
+  constexpr std::uintmax_t k2GB = std::uintmax_t{2} << 30;
   const struct {
-    std::string file;
+    std::string what;
+    std::string bytes;
+    std::uintmax_t size;  // extended with zeros (a hole) to this size
     FileProblem problem;
-  } cases[] = {{path("missing.orf"), FileProblem::NoSuchFile},  {scratch_.dir().string(), FileProblem::NotReadable},
-               {path("empty.orf"), FileProblem::NotLevel5},     {path("text.orf"), FileProblem::NotLevel5},
-               {path("cut.orf"), FileProblem::Damaged}};
+  } cases[] = {
+      {"missing", "", 0, FileProblem::NoSuchFile},
+      {"folder", "", 0, FileProblem::NotReadable},
+      {"empty", "", 0, FileProblem::NotLevel5},
+      {"text", std::string(300, 'a'), 0, FileProblem::NotLevel5},  // long enough for a header
+      {"cut", cut, 0, FileProblem::Damaged},
+      {"zeros", "", k2GB, FileProblem::NotLevel5},
+      {"header, then zeros", header(), k2GB, FileProblem::Damaged},
+      {"array claiming 4 GB", header() + tag(tg::level5::miMATRIX, 0xFFFFFFF0u) + std::string(64, '\0'), 0,
+       FileProblem::Damaged},
+      {"compressed claiming 4 GB", header() + tag(tg::level5::miCOMPRESSED, 0xFFFFFFF0u), 0, FileProblem::Damaged},
+      {"compressed junk", header() + tag(tg::level5::miCOMPRESSED, 16) + std::string(16, 'j'), 0,
+       FileProblem::Damaged},
+  };
   for (const auto& c : cases) {
-    EXPECT_FALSE(orfOpen(c.file, "r")) << c.file;
+    const std::string file = path(c.what);
+    if (c.what == "folder") {
+      fs::create_directory(file);
+    } else if (c.what != "missing") {
+      writeBytes(file, c.bytes);
+      if (c.size) fs::resize_file(file, c.size);
+    }
+    EXPECT_FALSE(orfOpen(file, "r")) << c.what;
     std::vector<tg::level5::Variable> variables;
     bool swapped = false;
     FileProblem problem = FileProblem::None;
-    EXPECT_FALSE(tg::level5::readFile(c.file, variables, swapped, &problem));
-    EXPECT_EQ(problem, c.problem) << c.file << ": " << tg::level5::describe(problem);
+    EXPECT_FALSE(tg::level5::readFile(file, variables, swapped, &problem));
+    EXPECT_EQ(problem, c.problem) << c.what << ": " << tg::level5::describe(problem);
+    fs::remove(file);
   }
   EXPECT_FALSE(orfOpen(path("no/such/folder/x.orf"), "w"));
+}
+
+// Integers stored as doubles beyond their class's range, or NaN, only come
+// from damaged files: they read as 0, as an integer cell of the wrong form.
+TEST_F(DataFile, OutOfRangeIntegersReadAsZero) {
+  namespace l5 = tg::level5;
+  const auto element = [](std::uint32_t type, std::string data) {
+    const auto size = static_cast<std::uint32_t>(data.size());
+    data.resize((data.size() + 7) / 8 * 8, '\0');
+    return tag(type, size) + data;
+  };
+  const auto array = [&](std::uint32_t cls, const char* name, std::vector<double> d) {
+    const std::uint32_t flags[2] = {cls, 0}, dims[2] = {1, static_cast<std::uint32_t>(d.size())};
+    return element(l5::miMATRIX, element(l5::miUINT32, std::string(reinterpret_cast<const char*>(flags), 8)) +
+                                     element(l5::miINT32, std::string(reinterpret_cast<const char*>(dims), 8)) +
+                                     element(l5::miINT8, name) +
+                                     element(l5::miDOUBLE, std::string(reinterpret_cast<const char*>(d.data()),
+                                                                       d.size() * 8)));
+  };
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  writeBytes(path("damaged.orf"), header() + array(l5::mxINT32, "v", {1e300, -3e9, nan, -7.9, 2147483647.0}) +
+                                      array(l5::mxUINT32, "w", {-1.0, 5e9, 4294967295.0}));
+  auto f = orfOpen(path("damaged.orf"), "r");
+  ASSERT_TRUE(f);
+  const auto v = orfGetVariable(f.get(), "v");
+  const auto w = orfGetVariable(f.get(), "w");
+  ASSERT_TRUE(v && w);
+  EXPECT_EQ(v->int32s(), (std::vector<std::int32_t>{0, 0, 0, -7, 2147483647}));
+  EXPECT_EQ(w->uint32s(), (std::vector<std::uint32_t>{0, 0, 4294967295u}));
 }
 
 // Octave states the length of a short 2-D char array 4 bytes too long. A
@@ -232,7 +285,6 @@ TEST_F(DataFile, FilesThatDoNotOpenSayWhy) {
 // unit reads as the data there is, stored plain or compressed; more is damage.
 TEST_F(DataFile, OverstatedLengthOfTheLastVariableWithinOneUnitReads) {
   namespace l5 = tg::level5;
-  const auto header = bytesOf(writeSample("header.orf"));
   for (const bool compressed : {false, true}) {
     for (const std::uint32_t over : {0u, 4u, 7u, 8u, 16u}) {
       l5::Bytes element;
@@ -241,16 +293,14 @@ TEST_F(DataFile, OverstatedLengthOfTheLastVariableWithinOneUnitReads) {
       std::memcpy(&length, element.data() + 4, 4);
       length += over;
       std::memcpy(element.data() + 4, &length, 4);
-      std::vector<char> file(header.begin(), header.begin() + 128);
+      std::string file = header();
       if (compressed) {
         uLongf size = compressBound(element.size());
-        std::vector<unsigned char> packed(size);
-        ASSERT_EQ(compress(packed.data(), &size, element.data(), element.size()), Z_OK);
-        const std::uint32_t tag[2] = {l5::miCOMPRESSED, static_cast<std::uint32_t>(size)};
-        file.insert(file.end(), reinterpret_cast<const char*>(tag), reinterpret_cast<const char*>(tag) + 8);
-        file.insert(file.end(), packed.begin(), packed.begin() + static_cast<long>(size));
+        std::string packed(size, '\0');
+        ASSERT_EQ(compress(reinterpret_cast<Bytef*>(packed.data()), &size, element.data(), element.size()), Z_OK);
+        file += tag(l5::miCOMPRESSED, static_cast<std::uint32_t>(size)) + packed.substr(0, size);
       } else {
-        file.insert(file.end(), element.begin(), element.end());
+        file.append(element.begin(), element.end());
       }
       writeBytes(path("over.orf"), file);
       auto in = orfOpen(path("over.orf"), "r");
@@ -262,18 +312,16 @@ TEST_F(DataFile, OverstatedLengthOfTheLastVariableWithinOneUnitReads) {
   }
 }
 
+// Such a struct takes no bytes per element; readers that walk its elements
+// would run for ever. A small one is an ordinary value.
 TEST_F(DataFile, FieldlessStructsClaimingHugeCountsAreRefused) {
-  // Such a struct takes no bytes per element; readers that walk its
-  // elements would run for ever.
   const std::string file = path("fieldless.orf");
-  auto out = orfOpen(file, "w");
-  ASSERT_EQ(orfPutVariable(out.get(), "S", oxCreateStructArray(1u << 30, 1u << 30, {}).get()), 0);
-  ASSERT_EQ(orfClose(out), 0);
-  EXPECT_FALSE(orfOpen(file, "r"));
-  // A small one is an ordinary value.
-  out = orfOpen(file, "w");
-  ASSERT_EQ(orfPutVariable(out.get(), "S", oxCreateStructArray(1, 3, {}).get()), 0);
-  ASSERT_EQ(orfClose(out), 0);
+  for (const std::size_t n : {std::size_t{1} << 30, std::size_t{3}}) {
+    auto out = orfOpen(file, "w");
+    ASSERT_EQ(orfPutVariable(out.get(), "S", oxCreateStructArray(n == 3 ? 1 : n, n, {}).get()), 0);
+    ASSERT_EQ(orfClose(out), 0);
+    EXPECT_EQ(static_cast<bool>(orfOpen(file, "r")), n == 3) << n;
+  }
   auto in = orfOpen(file, "r");
   ASSERT_TRUE(in);
   const auto back = orfGetVariable(in.get(), "S");
@@ -283,17 +331,14 @@ TEST_F(DataFile, FieldlessStructsClaimingHugeCountsAreRefused) {
 
 TEST_F(DataFile, TruncatedFilesEndCleanly) {
   const std::string file = writeSample("full.orf");
-  const auto bytes = bytesOf(file);
+  const auto bytes = tgtest::readFile(file);
   ASSERT_GT(bytes.size(), 200u);
   std::size_t readable = 0;
+  // Every variable is either whole or missing: a cut-off variable does not read.
   for (std::size_t length = 0; length < bytes.size(); ++length) {
-    const std::string cut = path("cut.orf");
-    writeBytes(cut, std::vector<char>(bytes.begin(), bytes.begin() + static_cast<long>(length)));
-    auto f = orfOpen(cut, "r");
-    if (!f) continue;
-    // Every variable is either whole or missing: a cut-off variable does not read.
-    const auto rows = orfGetVariable(f.get(), "Rows");
-    if (rows) ++readable;
+    writeBytes(path("cut.orf"), std::string_view(bytes).substr(0, length));
+    auto f = orfOpen(path("cut.orf"), "r");
+    if (f && orfGetVariable(f.get(), "Rows")) ++readable;
   }
   EXPECT_EQ(readable, 0u) << "a file cut inside its last variable must not give that variable";
 }
@@ -302,9 +347,9 @@ TEST_F(DataFile, RandomBytesAndDamagedFilesEndCleanly) {
   std::mt19937 random(20261121);
   std::uniform_int_distribution<int> byte(0, 255);
   // Pure noise, with and without a valid header in front.
-  const auto good = bytesOf(writeSample("good.orf"));
+  const auto good = tgtest::readFile(writeSample("good.orf"));
   for (int round = 0; round < 200; ++round) {
-    std::vector<char> noise(16 + random() % 2000);
+    std::string noise(16 + random() % 2000, '\0');
     for (auto& b : noise) b = static_cast<char>(byte(random));
     if (round % 2 == 1 && noise.size() > 128) std::copy(good.begin(), good.begin() + 128, noise.begin());
     writeBytes(path("noise.orf"), noise);
