@@ -92,46 +92,30 @@ TEST_F(LoggingTest, StartAndEndDifferOnlyInStartBitAndSamples) {
   EXPECT_EQ(off.freeMem + off.commitMem + off.nonprocessMem, 0.0);
 }
 
-TEST_F(LoggingTest, CogwheelPointTakesItsModelsStatisticsType) {
-  const std::string grouping = unique("G");
-  tgEnableTracer(grouping, true);
-  tgSetStatisticsTypeForModel("typed", "solver");
-  ASSERT_TRUE(tgLogCogwheelData(grouping, "untyped", "target", "phase", true));
-  ASSERT_TRUE(tgLogCogwheelData(grouping, "typed", "target", "phase", true));
-  const auto first = std::dynamic_pointer_cast<TGCWGENDataPoint>(rawAt(0));
-  const auto second = std::dynamic_pointer_cast<TGCWGENDataPoint>(rawAt(1));
-  ASSERT_TRUE(first && second);
-  EXPECT_EQ(first->pointType, 1);
-  // A model without a type gets an entry with the empty type, interned first.
-  EXPECT_EQ(first->modelId, 0);
-  EXPECT_EQ(first->targetId, 0);
-  EXPECT_EQ(first->statisticsTypeId, 0);
-  EXPECT_EQ(tgGetStatisticsTypeStr(0), "");
-  EXPECT_EQ(first->phaseId, 0);
-  EXPECT_EQ(second->modelId, 1);
-  EXPECT_EQ(second->targetId, 0);
-  EXPECT_EQ(tgGetStatisticsTypeStr(second->statisticsTypeId), "solver");
-  std::lock_guard lock(store().mutex());
-  EXPECT_EQ(store().modelStatisticsTypes->count("untyped"), 1u);
-  EXPECT_EQ(store().modelStatisticsTypes->at("untyped"), "");
-}
-
-TEST_F(LoggingTest, LoomchartIdsComeInLookupOrder) {
-  const std::int32_t id = tgAddGrouping(unique("G"));
+// Ids come in lookup order, each kind from 0. A model without a statistics
+// type gets an entry with the empty type, interned first.
+TEST_F(LoggingTest, ExportsStoreTheirIdsInLookupOrder) {
+  const std::int32_t g = tgAddGrouping(unique("G"));
   tgEnableTracer(unique("G"), true);
-  ASSERT_TRUE(tgLogLoomchartData(id, "model", "target", "machine", "chart", "phase", true));
-  ASSERT_TRUE(tgLogLoomchartData(id, "model", "target2", "machine2", "chart", "phase2", false));
-  const auto a = std::dynamic_pointer_cast<TGLoomchartDataPoint>(rawAt(0));
-  const auto b = std::dynamic_pointer_cast<TGLoomchartDataPoint>(rawAt(1));
-  ASSERT_TRUE(a && b);
-  EXPECT_EQ(a->pointType, 2);
-  EXPECT_EQ(a->groupingId, id);
-  EXPECT_EQ(tgGetModelStr(a->modelId), "model");
-  EXPECT_EQ(tgGetTargetStr(b->targetId), "target2");
-  EXPECT_EQ(tgGetChartStr(a->chartId), "chart");
-  EXPECT_EQ(b->chartId, a->chartId);
-  EXPECT_EQ(b->machineId, 1);
-  EXPECT_EQ(b->phaseId, 1);
+  tgSetStatisticsTypeForModel("typed", "solver");
+  ASSERT_TRUE(tgLogCogwheelData(unique("G"), "untyped", "target", "phase", true));
+  ASSERT_TRUE(tgLogCogwheelData(unique("G"), "typed", "target", "phase", true));
+  ASSERT_TRUE(tgLogLoomchartData(g, "typed", "target", "machine", "chart", "phase", true));
+  ASSERT_TRUE(tgLogLoomchartData(g, "model", "target2", "machine2", "chart", "phase2", false));
+  std::string ids;  // class, type, phase, statistics type, model, target, machine, chart
+  for (std::size_t i = 0; i < rawCount(); ++i) {
+    const RawPointFields f = RawPointFields::of(rawAt(i).get());
+    EXPECT_EQ(f.groupingId, g);
+    for (const std::int32_t id : {f.pointClass, f.pointType, f.phaseId, f.statisticsTypeId, f.modelId, f.targetId,
+                                  f.machineId, f.chartId})
+      ids += std::to_string(id) + " ";
+    ids += "\n";
+  }
+  EXPECT_EQ(ids, "1 1 0 0 0 0 -1 -1 \n1 1 0 1 1 0 -1 -1 \n2 2 0 1 1 0 0 0 \n2 2 1 0 2 1 1 0 \n");
+  EXPECT_EQ(tgGetStatisticsTypeStr(0), "");
+  EXPECT_EQ(tgGetStatisticsTypeStr(1), "solver");
+  std::lock_guard lock(store().mutex());
+  EXPECT_EQ(store().modelStatisticsTypes->at("untyped"), "");
 }
 
 TEST_F(LoggingTest, DetailedSwitchFillsTheDetailedRecord) {

@@ -37,15 +37,11 @@ TEST_F(StoreTest, UnknownKindsAnswerWithoutCreating) {
   for (std::uint32_t kind = 0; kind < tg::kNameKindCount; ++kind) EXPECT_NE(store().table(kind), nullptr);
 }
 
-TEST(StoreHandle, ABareHandleHoldsNothingAndAnswersQuietly) {
+// A handle made bare holds no tables: every call answers, none crashes.
+TEST(StoreHandle, ABareHandleAnswersQuietly) {
   TempoGauge handle;
-  EXPECT_FALSE(handle.rawData);
-  EXPECT_FALSE(handle.groupingStates);
-  EXPECT_FALSE(handle.phaseTable);
-  EXPECT_FALSE(handle.globalLoggingEnabled.load());
   EXPECT_EQ(handle.lookupId(tg::kPhaseKind, "x", true), -1);
   EXPECT_EQ(handle.lookupName(tg::kPhaseKind, 0), "");
-  EXPECT_FALSE(handle.isGroupingEnabled(0));
   EXPECT_FALSE(handle.isGroupingEnabled("x"));
   EXPECT_FALSE(handle.logPoint(0, "x", true));
   EXPECT_EQ(handle.copyRawPoints(), nullptr);
@@ -53,10 +49,7 @@ TEST(StoreHandle, ABareHandleHoldsNothingAndAnswersQuietly) {
   EXPECT_TRUE(handle.groupingList("x").empty());
   handle.clearRawDataAll();
   handle.clearRawData("g", "m");
-  handle.setStatisticsTypeForModel("m", "t");  // creates the member it writes
-  ASSERT_TRUE(handle.modelStatisticsTypes);
-  EXPECT_EQ(handle.modelStatisticsTypes->at("m"), "t");
-  EXPECT_EQ(handle.addGroupingLeaf("x"), -1);  // no table to name it in
+  EXPECT_EQ(handle.addGroupingLeaf("x"), -1);
 }
 
 // Counts registrations and passes them on to whatever registrar was there.
@@ -95,10 +88,8 @@ TEST(ModuleEntry, TerminatingFreesNothingAndLoggingGoesOn) {
 }
 
 TEST(ModuleEntry, FunctionTableAndBuildData) {
-  const void* table = QueryORFcnTable_tempogauge();
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table, QueryORFcnTable_tempogauge());
-  const auto* record = static_cast<const TempoGaugeFunctionTable*>(table);
+  const auto* record = static_cast<const TempoGaugeFunctionTable*>(QueryORFcnTable_tempogauge());
+  ASSERT_NE(record, nullptr);
   EXPECT_STREQ(record->moduleName, "tempogauge");
   EXPECT_EQ(*record->version, tempogauge_version);
   EXPECT_TRUE(std::regex_match(tempogauge_version, std::regex(R"(\d+\.\d+\.\d+\.\d+)"))) << tempogauge_version;
