@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstring>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -57,12 +58,12 @@ std::vector<std::string> raisedArguments(const std::function<void()>& action) {
 // Offsets at which the file's top-level elements end (compressed elements
 // are not padded).
 std::vector<std::uintmax_t> elementEnds(const std::string& file) {
-  std::ifstream in(file, std::ios::binary);
-  std::vector<unsigned char> b{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  const std::string b = tgtest::readFile(file);
   std::vector<std::uintmax_t> ends;
   std::size_t at = 128;
   while (at + 8 <= b.size()) {
-    const std::uint32_t bytes = b[at + 4] | b[at + 5] << 8 | b[at + 6] << 16 | std::uint32_t{b[at + 7]} << 24;
+    std::uint32_t bytes;
+    std::memcpy(&bytes, b.data() + at + 4, 4);
     at += 8 + bytes;
     ends.push_back(at);
   }
@@ -149,33 +150,39 @@ TEST_F(TraceFile, LoadingIntoTheStoreReplacesPointsRecordAndRoot) {
   EXPECT_EQ(tgGetNameStr(tg::kGroupingKind, rawAt(0)->groupingId), unique("Saved"));
 }
 
-TEST_F(TraceFile, FileWithoutRawDataGivesAnEmptyStore) {
-  const std::string file = path("root-only.orf");
-  auto f = orfOpen(file, "w");
-  ASSERT_EQ(orfPutVariable(f.get(), "ORRERYRoot", oxCreateString("/r").get()), 0);
-  ASSERT_EQ(orfClose(f), 0);
-  logRun(unique("G"));
-  ASSERT_GT(rawCount(), 0u);
-  loadTraceIntoStore(file);
-  EXPECT_EQ(rawCount(), 0u);
-  EXPECT_EQ(hostRootPath(), "/r");
-}
-
-TEST_F(TraceFile, VariablesOfTheWrongKindGiveEmptyResults) {
-  const std::string file = path("wrong.orf");
-  auto f = orfOpen(file, "w");
-  ASSERT_EQ(orfPutVariable(f.get(), "TempoGaugingRawDataVector", oxCreateDoubleScalar(4).get()), 0);
-  ASSERT_EQ(orfPutVariable(f.get(), "TempoGaugingSystemInfo", oxCreateString("no struct").get()), 0);
-  ASSERT_EQ(orfPutVariable(f.get(), "ORRERYRoot", oxCreateDoubleScalar(7).get()), 0);
-  ASSERT_EQ(orfClose(f), 0);
-  RawPointVector points;
-  TempoGaugingSystemInfo info;
-  info.processorStr = "unchanged";
-  std::string root = "before";
-  ASSERT_TRUE(loadTraceFile(file, points, info, root));
-  EXPECT_TRUE(points.empty());
-  EXPECT_EQ(info.processorStr, "unchanged");
-  EXPECT_EQ(root, "");
+// Files without usable rows: only a root, variables of the wrong kind (the
+// record left as it was, the root empty), and an empty trace.
+TEST_F(TraceFile, FilesWithoutRowsLoadAsNoPoints) {
+  const auto put = [&](const std::string& name, std::vector<std::pair<const char*, oxArrayPtr>> variables) {
+    auto f = orfOpen(path(name), "w");
+    for (const auto& [variable, value] : variables) EXPECT_EQ(orfPutVariable(f.get(), variable, value.get()), 0);
+    EXPECT_EQ(orfClose(f), 0);
+    return path(name);
+  };
+  std::vector<std::pair<const char*, oxArrayPtr>> wrong;
+  wrong.emplace_back("TempoGaugingRawDataVector", oxCreateDoubleScalar(4));
+  wrong.emplace_back("TempoGaugingSystemInfo", oxCreateString("no struct"));
+  wrong.emplace_back("ORRERYRoot", oxCreateDoubleScalar(7));
+  std::vector<std::pair<const char*, oxArrayPtr>> rootOnly;
+  rootOnly.emplace_back("ORRERYRoot", oxCreateString("/r"));
+  saveTraceFile(path("empty.orf"), {});
+  const std::pair<std::string, std::string> cases[] = {
+      {put("root-only.orf", std::move(rootOnly)), "/r"}, {put("wrong.orf", std::move(wrong)), ""},
+      {path("empty.orf"), "/opt/testhost"}};
+  for (const auto& [file, wantRoot] : cases) {
+    RawPointVector points;
+    TempoGaugingSystemInfo info;
+    info.processorStr = "unchanged";
+    std::string root = "before";
+    ASSERT_TRUE(loadTraceFile(file, points, info, root)) << file;
+    EXPECT_TRUE(points.empty()) << file;
+    EXPECT_EQ(root, wantRoot);
+    EXPECT_EQ(info.processorStr == "unchanged", file != path("empty.orf")) << file;
+    logRun(unique("G"));
+    loadTraceIntoStore(file);
+    EXPECT_EQ(rawCount(), 0u) << file;
+    EXPECT_EQ(hostRootPath(), wantRoot);
+  }
 }
 
 TEST_F(TraceFile, BadFilesRaiseOpenFileFailedAndLeaveTheStoreAlone) {
@@ -184,23 +191,21 @@ TEST_F(TraceFile, BadFilesRaiseOpenFileFailedAndLeaveTheStoreAlone) {
   saveTraceFile(good, *store().copyRawPoints());
   const std::size_t before = rawCount();
 
-  std::ifstream in(good, std::ios::binary);
-  const std::vector<char> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-  const auto write = [&](const std::string& name, const std::vector<char>& content) {
-    std::ofstream out(path(name), std::ios::binary);
-    out.write(content.data(), static_cast<std::streamsize>(content.size()));
+  const std::string bytes = tgtest::readFile(good);
+  const auto write = [&](const std::string& name, std::string_view content) {
+    std::ofstream(path(name), std::ios::binary) << content;
     return path(name);
   };
-  std::vector<char> noise(4096);
+  std::string noise(4096, '\0');
   std::mt19937 random(7);
   for (auto& c : noise) c = static_cast<char>(random());
-  std::vector<char> damaged = bytes;
+  std::string damaged = bytes;
   damaged[200] ^= 0x5A;  // inside the compressed raw data
   const std::vector<std::string> bad{
       path("missing.orf"),
       write("empty.orf", {}),
       write("noise.orf", noise),
-      write("cut.orf", std::vector<char>(bytes.begin(), bytes.end() - 10)),
+      write("cut.orf", bytes.substr(0, bytes.size() - 10)),
       write("damaged.orf", damaged),
       scratch_.dir().string(),
   };
@@ -225,17 +230,6 @@ TEST_F(TraceFile, SavesThatCannotBeMadeOrWrittenRaise) {
   logRun(unique("G"));
   EXPECT_EQ(raisedArguments<TG::DataWriteFail>([&] { saveTraceFile("/dev/full", *store().copyRawPoints()); }),
             (std::vector<std::string>{"Raw Data", "/dev/full"}));
-}
-
-TEST_F(TraceFile, AnEmptyTraceSavesAndLoadsAsNoPoints) {
-  const std::string file = path("empty-trace.orf");
-  saveTraceFile(file, {});
-  RawPointVector points;
-  TempoGaugingSystemInfo info;
-  std::string root;
-  ASSERT_TRUE(loadTraceFile(file, points, info, root));
-  EXPECT_TRUE(points.empty());
-  EXPECT_EQ(root, "/opt/testhost");
 }
 
 // Saves `points` under a file size limit just short of the end of each of
