@@ -3,27 +3,19 @@
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
-#include <memory>
 
 #include "analysis/pairing.h"
-#include "analysis_trace_builder.h"
+#include "report_doc_trace.h"
 #include "tempogauge/tempogauge.h"
 
 namespace {
 
 TGProcessedDataStruct millionPointRun() {
-  tgtest::TraceBuilder t;
-  const char* names[] = {"outer", "middle", "inner"};
-  while (t.points.size() < 1'000'000) {
-    t.start(names[0], 0.001).start(names[1], 0.001).start(names[2], 0.001);
-    t.stop(names[2], 0.002).stop(names[1], 0.001).stop(names[0], 0.001);
-  }
-  double kib = 0;
-  for (auto& p : t.points) {
-    kib += 1;
-    p->basicMemStats = std::make_shared<tg::BasicMemStats>(kib * 1024, kib * 2048, kib);
-  }
-  return analyzeRawPoints(t.points, {"G"}, false);
+  tgreport::RunBuilder run(false, "G");
+  for (int i = 0; i < 1'000'002 / 6; ++i)
+    run.open("outer").open("middle").phase("inner", 0.002).close("middle", 0.001).close("outer", 0.001);
+  RawPointVector points = run.take();
+  return analyzeRawPoints(points, {"G"}, false);
 }
 
 void BM_ExportMillionPoints(benchmark::State& state) {

@@ -2,7 +2,9 @@
 ## Saved trace files between tempogauge and Octave: a file tempogauge saves
 ## is an ordinary data file to Octave's load, with the three variables in
 ## order and the cell rows of the fixed layout; files Octave writes with
-## save -v7 and -v6 load into tempogauge with the same points.
+## save -v7 and -v6 load into tempogauge with the same points. Files of the
+## wrong kind and rows not as written: store_trace_file_test.cc,
+## host_data_file_test.cc and store_cell_rows_test.cc.
 
 ## One row of the layout: tag, type, phase, grouping, [model, target,
 ## [machine, chart]], statistics type, isStart, then ten doubles.
@@ -116,50 +118,4 @@
 %!   assert (GaugeKit.Tracer.getRawData (), TempoGaugingRawDataVector);
 %! endfor
 %! GaugeKit.Tracer.clearRawData ();
-%! remove_dir (dir);
-
-## Variables of the wrong kinds load as no points, and rows of unknown
-## lengths or without their tag still load, as the tolerant reading says.
-%!test
-%! dir = scratch ();
-%! TempoGaugingRawDataVector = 42;
-%! TempoGaugingSystemInfo = "not a struct";
-%! ORRERYRoot = 7;
-%! file = fullfile (dir, "wrong.orf");
-%! save ("-v7", file, "TempoGaugingRawDataVector", "TempoGaugingSystemInfo", "ORRERYRoot");
-%! GaugeKit.Tracer.logORRERYData ("InteropG", "x", true);
-%! GaugeKit.Tracer.loadTracerData (file);
-%! assert (numel (GaugeKit.Tracer.getRawData ()), 0);
-%! ## A row of 15 cells has no tag: read from column 0 as a host point.
-%! untagged = {int32(0), "untagged", "OctG", "", true, 4, 2, 0, 0, 0, 0, 0, 7, 8, 9};
-%! tagged = {"2", int32(1), "ignored", "OctG", "", true, 4, 2, 0, 0, 0, 0, 0, 7, 8, 9};
-%! TempoGaugingRawDataVector = {untagged, tagged};
-%! save ("-v7", file, "TempoGaugingRawDataVector");
-%! GaugeKit.Tracer.loadTracerData (file);
-%! raw = GaugeKit.Tracer.getRawData ();
-%! assert (numel (raw), 2);
-%! assert (raw{1}(2:7), {int32(0), "untagged", "OctG", "", true, 4});
-%! assert (raw{1}{8}, 2);
-%! ## A wrong version tag leaves every field at its default.
-%! assert (raw{2}{2}, int32 (0));
-%! assert (raw{2}{6}, false);
-%! GaugeKit.Tracer.clearRawData ();
-%! remove_dir (dir);
-
-## A data file of another kind, or no data file at all, does not load.
-%!test
-%! dir = scratch ();
-%! text = fullfile (dir, "text.orf");
-%! fid = fopen (text, "w"); fputs (fid, repmat ("not a data file ", 1, 20)); fclose (fid);
-%! ascii = fullfile (dir, "ascii.orf");
-%! x = 1;
-%! save ("-text", ascii, "x");
-%! for file = {text, ascii}
-%!   try
-%!     GaugeKit.Tracer.loadTracerData (file{1});
-%!     error ("loaded %s", file{1});
-%!   catch err
-%!     assert (err.identifier, "tempogauge:TempoGauge:OpenFileFailed");
-%!   end_try_catch
-%! endfor
 %! remove_dir (dir);
