@@ -8,61 +8,17 @@
 #include <string>
 #include <vector>
 
-#include "collect_store_reset.h"
 #include "golden_text.h"
 #include "host_array_text.h"
 #include "store/raw_points_array.h"
+#include "store_points_test.h"
 
 namespace {
 
 using tgtest::arrayText;
 
-class CellRows : public CollectStoreTest {
+class CellRows : public StorePointsTest {
  protected:
-  void SetUp() override {
-    CollectStoreTest::SetUp();
-    savedRoot_ = hostRootPath();
-    hostRootPathSet("/opt/host");
-  }
-  void TearDown() override {
-    hostRootPathSet(savedRoot_);
-    CollectStoreTest::TearDown();
-  }
-
-  static std::int32_t id(std::uint32_t kind, const std::string& name) { return tgGetId(kind, name); }
-
-  // One point of each class, the Loomchart one with every field set, the
-  // host one without memory records, the Cogwheel one a gap.
-  static RawPointVector threeClasses() {
-    auto lc = std::make_shared<TGLoomchartDataPoint>();
-    lc->phaseId = id(tg::kPhaseKind, "/opt/host/toolbox/lc.m");
-    lc->groupingId = id(tg::kGroupingKind, "Rows.G");
-    lc->modelId = id(tg::kModelKind, "model");
-    lc->targetId = id(tg::kTargetKind, "target");
-    lc->machineId = id(tg::kMachineKind, "machine");
-    lc->chartId = id(tg::kChartKind, "chart");
-    lc->statisticsTypeId = id(tg::kStatisticsTypeKind, "stats");
-    lc->flags.isStart = 1;
-    lc->wallTime = 12.5;
-    lc->cpuTime = 3.25;
-    *lc->detailedMemStats = tg::DetailedMemStats(1, 2, 3, 4, 5);  // free, reserved, committed, dlls, other
-    *lc->basicMemStats = tg::BasicMemStats(6, 7, 8);
-    auto cw = std::make_shared<TGCWGENDataPoint>();
-    cw->phaseId = id(tg::kPhaseKind, "cw phase");
-    cw->groupingId = lc->groupingId;
-    cw->modelId = lc->modelId;
-    cw->targetId = lc->targetId;
-    cw->statisticsTypeId = lc->statisticsTypeId;
-    cw->flags.isGap = 1;
-    cw->wallTime = 1.0 / 3.0;
-    auto host = std::make_shared<TGORRERYDataPoint>();
-    host->phaseId = id(tg::kPhaseKind, "host phase");
-    host->detailedMemStats.reset();
-    host->basicMemStats.reset();
-    host->cpuTime = 1e-9;
-    return {host, cw, lc};
-  }
-
   // A point's class, ids, records present and row, one line each (grouping
   // ids are process-wide, so only whether there is one).
   static std::string pointsText(const RawPointVector& points) {
@@ -104,8 +60,6 @@ class CellRows : public CollectStoreTest {
     cellArrayToRawPoints(all, points);
     return points;
   }
-
-  std::string savedRoot_;
 };
 
 // Rows of 16, 18 and 20 cells; phase names lose the host root, the live

@@ -10,55 +10,31 @@
 #include <fstream>
 #include <random>
 
-#include "collect_store_reset.h"
 #include "host/level5_encoder.h"
 #include "scratch_files.h"
 #include "scripting/errors.h"
 #include "store/raw_points_array.h"
 #include "store/raw_points_element.h"
 #include "store/trace_file.h"
+#include "store_points_test.h"
 
 namespace {
 
 namespace l5 = tg::level5;
 
-class RawPointsElement : public CollectStoreTest {
+class RawPointsElement : public StorePointsTest {
  protected:
-  void SetUp() override {
-    CollectStoreTest::SetUp();
-    savedRoot_ = hostRootPath();
-    hostRootPathSet("/opt/host");
-  }
-  void TearDown() override {
-    hostRootPathSet(savedRoot_);
-    CollectStoreTest::TearDown();
-  }
-
-  static std::int32_t id(std::uint32_t kind, const std::string& name) { return tgGetId(kind, name); }
-
-  // Points of every shape a store or a foreign file can hold.
+  // Points of every shape a store or a foreign file can hold: the three
+  // classes, a Cogwheel point that says it is a host point, a type without a
+  // class and without records, a null pointer and a plain host point.
   static RawPointVector oddPoints() {
-    RawPointVector points;
-    auto lc = std::make_shared<TGLoomchartDataPoint>();
-    lc->phaseId = id(tg::kPhaseKind, "/opt/host/toolbox/lc.m");
-    lc->groupingId = id(tg::kGroupingKind, "Element.G");
-    lc->modelId = id(tg::kModelKind, "model");
-    lc->targetId = id(tg::kTargetKind, "target");
-    lc->machineId = id(tg::kMachineKind, "machine");
-    lc->chartId = id(tg::kChartKind, "chärt");
-    lc->statisticsTypeId = id(tg::kStatisticsTypeKind, "stats");
-    lc->flags.isStart = 1;
-    lc->wallTime = 12.5;
-    *lc->detailedMemStats = tg::DetailedMemStats(1, 2, 3, 4, -0.0);
-    *lc->basicMemStats = tg::BasicMemStats(6, 7, 8);
-    points.push_back(lc);
-    auto cw = std::make_shared<TGCWGENDataPoint>();  // says it is a host point
+    RawPointVector points = threeClasses();
+    auto cw = std::make_shared<TGCWGENDataPoint>();
     cw->pointType = 0;
     cw->modelId = id(tg::kModelKind, "model");
     cw->phaseId = id(tg::kPhaseKind, "cw");
-    cw->flags.isGap = 1;
     points.push_back(cw);
-    auto odd = std::make_shared<TGORRERYDataPoint>();  // a type without a class, no records
+    auto odd = std::make_shared<TGORRERYDataPoint>();
     odd->pointType = 7;
     odd->groupingId = 1 << 28;
     odd->phaseId = -5;
@@ -100,8 +76,6 @@ class RawPointsElement : public CollectStoreTest {
     EXPECT_TRUE(l5::encodeArray(bytes, kRawDataVariable, rawPointsToCellArray(points).get()));
     return bytes;
   }
-
-  std::string savedRoot_;
 };
 
 TEST_F(RawPointsElement, RowsAreTheBytesOfTheHostArraysEncoding) {
@@ -117,9 +91,10 @@ TEST_F(RawPointsElement, RowsAreTheBytesOfTheHostArraysEncoding) {
 TEST_F(RawPointsElement, LongTracesInflateWholeAndLoadThroughAWindow) {
   std::mt19937 rng(5);
   RawPointVector points;
+  const RawPointVector odd = oddPoints();
   for (int i = 0; i < 70000; ++i) {
-    RawPointVector odd = oddPoints();
-    const RawPointPtr p = odd[rng() % odd.size()];
+    const RawPointPtr& pick = odd[rng() % odd.size()];
+    const RawPointPtr p = pick ? RawPointFields::of(pick.get()).toPoint() : nullptr;
     if (p) {
       p->phaseId = id(tg::kPhaseKind, std::string(rng() % 40, 'p') + std::to_string(rng() % 7));
       p->wallTime = i + (rng() % 1000) * 1e-6;
@@ -173,7 +148,7 @@ TEST_F(RawPointsElement, StoreGivesBackWhatWentIn) {
   // Erasing keeps the order of the rest.
   store.eraseIf([](const RawPointFields& f) { return f.pointClass != 0; });
   RawPointVector hosts(store.begin(), store.end());
-  EXPECT_EQ(encoded(hosts), encoded({points[2], points[4]}));
+  EXPECT_EQ(encoded(hosts), encoded({points[0], points[4], points[6]}));
 }
 
 TEST_F(RawPointsElement, BasicPointsTake56BytesAndDetailedOnesTheirFigures) {
