@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "analysis/diagnostic_report.h"
+#include "analysis_trace_builder.h"
 #include "collect/tempo_gauge.h"
 #include "golden_text.h"
 #include "scratch_files.h"
@@ -16,32 +17,17 @@ constexpr const char* kPlainRow = "            <tr>\n";
 
 class DiagnosticReport : public ::testing::Test {
  protected:
-  void SetUp() override {
-    grouping_ = tgGetId(tg::kGroupingKind, "DiagGrouping");
-    other_ = tgGetId(tg::kGroupingKind, "DiagOther");
+  static RawPointPtr host(const char* phase, bool start, double time) {
+    return tgtest::makeRawPoint({0, "DiagGrouping", phase}, start, time, time / 2);
   }
-
-  RawPointPtr host(const char* phase, bool start, double time, int grouping = -2) {
-    auto p = std::make_shared<TGORRERYDataPoint>();
-    return fill(p, phase, start, time, grouping);
+  static RawPointPtr cogwheel(const char* phase, bool start, double time) {
+    return tgtest::makeRawPoint({1, "DiagGrouping", phase, "diagModel", "diagTarget"}, start, time, time / 2);
   }
-  RawPointPtr cogwheel(const char* phase, bool start, double time) {
-    auto p = std::make_shared<TGCWGENDataPoint>();
-    p->modelId = tgGetId(tg::kModelKind, "diagModel");
-    p->targetId = tgGetId(tg::kTargetKind, "diagTarget");
-    return fill(p, phase, start, time, -2);
-  }
-  RawPointPtr loomchart(const char* phase, bool start, double time, int grouping) {
-    auto p = std::make_shared<TGLoomchartDataPoint>();
-    p->machineId = tgGetId(tg::kMachineKind, "diagMachine");
-    return fill(p, phase, start, time, grouping);
-  }
-  RawPointPtr fill(RawPointPtr p, const char* phase, bool start, double time, int grouping) {
-    p->phaseId = tgGetId(tg::kPhaseKind, phase);
-    p->groupingId = grouping == -2 ? grouping_ : grouping;
-    p->flags.isStart = start ? 1 : 0;
-    p->wallTime = time;
-    p->cpuTime = time / 2;
+  // Model, target and chart never set: they show as blanks.
+  static RawPointPtr loomchart(const char* phase, bool start, double time) {
+    const auto p = std::static_pointer_cast<TGLoomchartDataPoint>(
+        tgtest::makeRawPoint({2, "DiagOther", phase, "", "", "diagMachine"}, start, time, time / 2));
+    p->modelId = p->targetId = p->chartId = -1;
     return p;
   }
 
@@ -53,8 +39,6 @@ class DiagnosticReport : public ::testing::Test {
 
   tgtest::ScratchDir scratch_{"tg_diagnostic"};
   std::string path_ = scratch_.path("report.html");
-  int grouping_ = -1;
-  int other_ = -1;
 };
 
 TEST_F(DiagnosticReport, HostOnlyBalancedTrace) {
@@ -65,8 +49,8 @@ TEST_F(DiagnosticReport, HostOnlyBalancedTrace) {
 
 TEST_F(DiagnosticReport, ColumnsWidenWithTheKindsOfTheGrouping) {
   RawPointVector raw{host("diagA", true, 0), cogwheel("diagC", true, 0.01), cogwheel("diagC", false, 0.02),
-                     host("diagA", false, 0.03), loomchart("diagL", true, 0.04, other_),
-                     loomchart("diagL", false, 0.05, other_)};
+                     host("diagA", false, 0.03), loomchart("diagL", true, 0.04),
+                     loomchart("diagL", false, 0.05)};
   const TempoGauge* tracer = TempoGauge::instance();
   EXPECT_EQ(diagnosticColumns(tracer, &raw, "DiagGrouping"), 1);
   EXPECT_EQ(diagnosticColumns(tracer, &raw, "DiagOther"), 2);
