@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The four report drivers: the order of the pieces of each report kind, the
-// pages that stand in for a report, and the results of each failure.
+// The four report drivers: the order of the pieces of each report kind and
+// the pages that stand in for a report (their failures: file_safety_test.cc).
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -14,7 +14,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using tgtest::countOf;
 using tgtest::expectHas;
 using tgtest::readFile;
@@ -141,14 +140,6 @@ TEST_F(ReportDriverTest, PagesThatStandInForAReport) {
   golden.expect("no detail", readFile(path("nodetail.html")));
   ASSERT_TRUE(comparison(true, "nodetail2.html", "detailedmemory", nestedRun(true), nestedRun(false)));
   golden.expect("no detail in one run of a comparison", readFile(path("nodetail2.html")));
-}
-
-TEST_F(ReportDriverTest, AFileThatCannotBeOpenedFailsEveryDriver) {
-  for (const bool aggregateOnly : {false, true}) {
-    EXPECT_FALSE(single(aggregateOnly, "no such dir/report.html", "time", nestedRun(false)));
-    EXPECT_FALSE(comparison(aggregateOnly, "no such dir/report.html", "time", nestedRun(false), nestedRun(false)));
-  }
-  EXPECT_FALSE(fs::exists(scratch_.dir() / "no such dir"));
 }
 
 TEST_F(ReportDriverTest, UserTextCannotBreakTheReport) {
