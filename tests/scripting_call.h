@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "raised_text.h"
 #include "scripting/errors.h"
 #include "scripting/gaugekit_package.h"
 #include "scripting/objsys.h"
@@ -43,16 +44,10 @@ inline std::vector<oxArrayPtr> call(std::string_view method, std::vector<oxArray
 // it raised nothing, or the class system's own ID.
 inline std::string raised(std::string_view method, std::vector<oxArrayPtr> in) {
   try {
-    call(method, std::move(in));
-  } catch (const hfnd::except::IMsgIDException& e) {
-    std::string text = e.record().name + "(";
-    for (std::size_t i = 0; i < e.record().arguments.size(); ++i)
-      text += (i ? "," : "") + e.record().arguments[i];
-    return text + ")";
+    return tgtest::raisedText([&] { call(method, std::move(in)); });
   } catch (const objsys::CallError& e) {
     return e.id();
   }
-  return "none";
 }
 
 }  // namespace scripting_test

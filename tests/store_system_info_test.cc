@@ -4,7 +4,6 @@
 // cannot be provoked), the CPU speed text and the host's root.
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <map>
 #include <string>
 #include <tuple>
@@ -17,6 +16,7 @@
 #include "store/system_info_array.h"
 #include "store/system_info_collection.h"
 #include "host_array_text.h"
+#include "raised_text.h"
 
 namespace TG = tempogauge::TempoGauge;
 
@@ -65,17 +65,6 @@ TempoGaugingSystemInfo sample() {
 std::string text(const TempoGaugingSystemInfo& r) {
   return r.processorStr + "|" + r.cpuSpeedStr + "|" + r.numCoresStr + "|" + r.totalPhysMemStr + "|" +
          r.operatingSystemStr + "|" + r.ORRERYVersionStr + "|" + r.javaVMVersionStr + "|" + r.installedProductsStr;
-}
-
-template <class Tag>
-std::string raisedArgument(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const hfnd::except::Exception<Tag>& e) {
-    return e.record().arguments.at(0);
-  }
-  ADD_FAILURE() << "expected " << Tag::name;
-  return {};
 }
 
 TEST(SystemInfoArray, StructHasTheEightFieldsInOrder) {
@@ -147,7 +136,7 @@ TEST_F(SystemInfoHost, AnswersOfTheWrongFormRaiseUnexpectedValue) {
     host->answerAll();
     host->answer(query, answer());
     r = {};
-    EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([&] { querySystemInfo(r); }), raised) << query;
+    EXPECT_EQ(tgtest::raisedText([&] { querySystemInfo(r); }), "UnexpectedValue(" + std::string(raised) + ")");
   }
   EXPECT_EQ(text(r).substr(0, 9), "Test CPU|");  // fields before the last failure stay
   host->answerAll();
@@ -164,7 +153,7 @@ TEST_F(SystemInfoHost, RootIsAskedEveryTimeAndTheLastAnswerKept) {
   host->answers.erase("orreryroot");
   EXPECT_EQ(getHostRoot(), "/opt/second");
   host->answer("orreryroot", oxCreateDoubleScalar(1));
-  EXPECT_EQ(raisedArgument<TG::UnexpectedValue>([] { getHostRoot(); }), "ORRERY Root");
+  EXPECT_EQ(tgtest::raisedText([] { getHostRoot(); }), "UnexpectedValue(ORRERY Root)");
 }
 
 TEST(SystemInfoCollection, OneCollectionServesBothEntries) {

@@ -10,7 +10,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <random>
 #include <vector>
 
@@ -19,6 +18,7 @@
 #include "host/host_bridge.h"
 #include "host/standalone_bridge.h"
 #include "host_array_text.h"
+#include "raised_text.h"
 #include "scratch_files.h"
 #include "scripting/errors.h"
 #include "store/raw_points_array.h"
@@ -26,7 +26,6 @@
 #include "store/trace_file.h"
 
 namespace fs = std::filesystem;
-namespace TG = tempogauge::TempoGauge;
 
 namespace {
 
@@ -40,20 +39,6 @@ class RootHost : public StandaloneBridge {
   }
   std::string root = "/opt/testhost";
 };
-
-template <class Tag>
-std::vector<std::string> raisedArguments(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const hfnd::except::Exception<Tag>& e) {
-    return e.record().arguments;
-  } catch (const std::exception& e) {
-    ADD_FAILURE() << "expected " << Tag::name << ", got " << e.what();
-    return {};
-  }
-  ADD_FAILURE() << "expected " << Tag::name << ", nothing raised";
-  return {};
-}
 
 // Offsets at which the file's top-level elements end (compressed elements
 // are not padded).
@@ -213,23 +198,21 @@ TEST_F(TraceFile, BadFilesRaiseOpenFileFailedAndLeaveTheStoreAlone) {
     RawPointVector points;
     TempoGaugingSystemInfo info;
     std::string root;
-    EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { loadTraceFile(file, points, info, root); }),
-              std::vector<std::string>{file});
+    const std::string failed = "OpenFileFailed(" + file + ")";
+    EXPECT_EQ(tgtest::raisedText([&] { loadTraceFile(file, points, info, root); }), failed);
     EXPECT_TRUE(points.empty()) << file;
-    EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { loadTraceIntoStore(file); }),
-              std::vector<std::string>{file});
+    EXPECT_EQ(tgtest::raisedText([&] { loadTraceIntoStore(file); }), failed);
     EXPECT_EQ(rawCount(), before) << file;
   }
 }
 
 TEST_F(TraceFile, SavesThatCannotBeMadeOrWrittenRaise) {
   const std::string file = path("no/such/folder/run.orf");
-  EXPECT_EQ(raisedArguments<TG::OpenFileFailed>([&] { saveTraceFile(file, {}); }),
-            std::vector<std::string>{file});
+  EXPECT_EQ(tgtest::raisedText([&] { saveTraceFile(file, {}); }), "OpenFileFailed(" + file + ")");
   EXPECT_FALSE(fs::exists(file));
   logRun(unique("G"));
-  EXPECT_EQ(raisedArguments<TG::DataWriteFail>([&] { saveTraceFile("/dev/full", *store().copyRawPoints()); }),
-            (std::vector<std::string>{"Raw Data", "/dev/full"}));
+  EXPECT_EQ(tgtest::raisedText([&] { saveTraceFile("/dev/full", *store().copyRawPoints()); }),
+            "DataWriteFail(Raw Data,/dev/full)");
 }
 
 // Saves `points` under a file size limit just short of the end of each of
@@ -249,16 +232,11 @@ int savesUnderSizeLimits(const RawPointVector& points, const std::string& refere
   for (std::size_t k = 0; k < 3; ++k) {
     limit.rlim_cur = ends[k] - 4;
     setrlimit(RLIMIT_FSIZE, &limit);
-    std::vector<std::string> args;
-    try {
-      saveTraceFile(target, points);
-    } catch (const hfnd::except::Exception<TG::DataWriteFail>& e) {
-      args = e.record().arguments;
-    }
+    const std::string raised = tgtest::raisedText([&] { saveTraceFile(target, points); });
     limit.rlim_cur = unlimited;
     setrlimit(RLIMIT_FSIZE, &limit);
-    if (args != std::vector<std::string>{labels[k], target}) {
-      std::fprintf(stderr, "put %zu: wrong or no DataWriteFail\n", k);
+    if (raised != "DataWriteFail(" + labels[k] + "," + target + ")") {
+      std::fprintf(stderr, "put %zu: %s\n", k, raised.c_str());
       return 1;
     }
     if (tgtest::readFile(target) != before) return 3;
