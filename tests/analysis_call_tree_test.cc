@@ -48,9 +48,10 @@ std::string treeText(const CallTree& list, bool signatures = false) {
 }
 
 TEST(CallTree, HashIsTheWordSumOfTheMd5OfTheFourBytes) {
-  // Values from an independent MD5 of the little-endian bytes.
+  // Values from an independent MD5 of the little-endian bytes, digested one
+  // after the other: each digest starts over.
   for (const auto& [value, hash] : {std::pair{0, 937169022u}, {1, 2078896056u}, {-1, 4086641230u},
-                                     {12345, 2246446227u}, {12345, 2246446227u}})  // a repeat: each digest starts over
+                                     {12345, 2246446227u}, {12345, 2246446227u}})  // the last from memory
     EXPECT_EQ(hashID(value), hash) << value;
 }
 
