@@ -4,16 +4,11 @@
 // trees of 100 000 nodes deep and wide), opened in Chromium. Prints the median
 // of each measure. Usage: node bench/browser_details.js [BUILD_DIR]
 'use strict';
-const { execFileSync } = require('child_process');
-const fs = require('fs');
-const os = require('os');
 const path = require('path');
 
 const root = path.resolve(__dirname, '..');
 const build = path.resolve(process.argv[2] || path.join(root, 'build'));
-const work = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-bench-tables-'));
-process.env.TG_REPORT_DIR = work;
-const { launchBrowser, openReport, median, timed } = require(path.join(root, 'tests/browser/chromium'));
+const { openReport, median, timed, benchPages } = require(path.join(root, 'tests/browser/chromium'));
 
 function report(name, values, goal) {
   console.log(`${name.padEnd(44)} median ${median(values).toFixed(1).padStart(8)} ms  (${values.length} runs, goal < ${goal} ms)`);
@@ -33,7 +28,7 @@ const applyForm = (phase, rankName, rankSelf) => `
   document.getElementById('Sort_self').value = '${rankSelf}';
   userInputsAction(); return dataView.Index.length;`;
 
-async function details(browser) {
+async function details(browser, work) {
   const firstRows = [];
   const loads = [];
   let page;
@@ -90,19 +85,8 @@ async function callTree(browser, name, foldNode) {
   report(`${name}: one fold or unfold`, fold, 50);
 }
 
-(async () => {
-  let browser;
-  try {
-    execFileSync(path.join(build, 'tg_make_reports'), ['bench-tables', work], { stdio: 'inherit' });
-    browser = await launchBrowser();
-    await details(browser);
-    await callTree(browser, 'tree_deep.html', 1);
-    await callTree(browser, 'tree_wide.html', 0);
-  } finally {
-    if (browser) await browser.close();
-    fs.rmSync(work, { recursive: true, force: true });
-  }
-})().catch((error) => {
-  console.error(error);
-  process.exit(1);
+benchPages(build, ['bench-tables'], async (browser, work) => {
+  await details(browser, work);
+  await callTree(browser, 'tree_deep.html', 1);
+  await callTree(browser, 'tree_wide.html', 0);
 });

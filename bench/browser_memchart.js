@@ -5,12 +5,9 @@
 // load and the showing of its tab; the whole page's load beside it) and the
 // median redraw of one scroll step. Usage: node bench/browser_memchart.js BUILD_DIR [EXECUTIONS]
 'use strict';
-const fs = require('fs');
-const os = require('os');
 const path = require('path');
-const { execFileSync } = require('child_process');
 const root = path.resolve(__dirname, '..');
-const { launchBrowser, openReport, median } = require(path.join(root, 'tests/browser/chromium'));
+const { openReport, median, benchPages } = require(path.join(root, 'tests/browser/chromium'));
 
 const build = path.resolve(process.argv[2] || path.join(root, 'build'));
 const executions = Number(process.argv[3] || 100000);
@@ -66,32 +63,18 @@ async function measure(browser, name, dummyId, canvasId) {
   return { load, redraw: median(steps) };
 }
 
-async function main() {
-  const dir = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-chart-bench-'));
-  process.env.TG_REPORT_DIR = dir;
-  try {
-    execFileSync(path.join(build, 'tg_make_reports'), ['bench', dir, String(executions)], { stdio: 'inherit' });
-    const browser = await launchBrowser();
-    const charts = [
-      ['memory chart, one run of ' + executions, 'memchart.html', 'fakecanvasdiv', 'scrollcanvas', 1000],
-      ['comparison chart, two runs of ' + executions / 2, 'diffchart.html', 'fakeCanvasDiffDiv', 'absDevCanvasDiff', 1500],
-    ];
-    for (const [title, name, dummyId, canvasId, goal] of charts) {
-      const results = [];
-      for (let r = 0; r < RUNS; r++) results.push(await measure(browser, name, dummyId, canvasId));
-      const [total, handlers, chart] = ['total', 'handlers', 'chart'].map((k) => median(results.map((r) => r.load[k])));
-      const redraw = median(results.map((r) => r.redraw));
-      console.log(`${title}: first chart ${chart.toFixed(0)} ms (goal ${goal} ms; the whole page from navigation ` +
-                  `${total.toFixed(0)} ms, of it the load handlers ${handlers.toFixed(0)} ms), redraw of one scroll ` +
-                  `step ${redraw.toFixed(2)} ms (goal 16 ms); medians of ${RUNS} openings`);
-    }
-    await browser.close();
-  } finally {
-    fs.rmSync(dir, { recursive: true, force: true });
+const charts = [
+  ['memory chart, one run of ' + executions, 'memchart.html', 'fakecanvasdiv', 'scrollcanvas', 1000],
+  ['comparison chart, two runs of ' + executions / 2, 'diffchart.html', 'fakeCanvasDiffDiv', 'absDevCanvasDiff', 1500],
+];
+benchPages(build, ['bench', String(executions)], async (browser) => {
+  for (const [title, name, dummyId, canvasId, goal] of charts) {
+    const results = [];
+    for (let r = 0; r < RUNS; r++) results.push(await measure(browser, name, dummyId, canvasId));
+    const [total, handlers, chart] = ['total', 'handlers', 'chart'].map((k) => median(results.map((r) => r.load[k])));
+    const redraw = median(results.map((r) => r.redraw));
+    console.log(`${title}: first chart ${chart.toFixed(0)} ms (goal ${goal} ms; the whole page from navigation ` +
+                `${total.toFixed(0)} ms, of it the load handlers ${handlers.toFixed(0)} ms), redraw of one scroll ` +
+                `step ${redraw.toFixed(2)} ms (goal 16 ms); medians of ${RUNS} openings`);
   }
-}
-
-main().catch((error) => {
-  console.error(error.message);
-  process.exit(1);
 });

@@ -157,5 +157,28 @@ function timed(page, source, arg) {
   }, [source, arg]);
 }
 
+// A benchmark's run: tg_make_reports of `build` writes the pages of `args`
+// ([mode, ...more]) into a fresh folder, `body` gets a browser on them; the
+// folder and the browser go afterwards, and a failure ends the process.
+function benchPages(build, [mode, ...more], body) {
+  const work = fs.mkdtempSync(path.join(os.tmpdir(), 'tg-bench-'));
+  process.env.TG_REPORT_DIR = work;
+  let browser;
+  (async () => {
+    try {
+      require('child_process').execFileSync(path.join(build, 'tg_make_reports'), [mode, work, ...more],
+                                            { stdio: 'inherit' });
+      browser = await launchBrowser();
+      await body(browser, work);
+    } finally {
+      if (browser) await browser.close();
+      fs.rmSync(work, { recursive: true, force: true });
+    }
+  })().catch((error) => {
+    console.error(error);
+    process.exit(1);
+  });
+}
+
 module.exports = { launchBrowser, openReport, browserForTests, settle, scrollTo, cellTexts, expectedTotals,
-                   canvasColours, canvasImages, openPopups, median, timed };
+                   canvasColours, canvasImages, openPopups, median, timed, benchPages };
