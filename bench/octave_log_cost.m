@@ -5,7 +5,10 @@
 ## loop). Goal: the call costs at most empty call + C++ point + 0.5 us.
 ## Also a phase (two calls) against what Octave's own profiler adds to each
 ## function call. Rounds of all alternate so that the load of the machine
-## falls on each alike; the figures are medians over rounds.
+## falls on each alike; the figures are medians over rounds. A last line
+## shows what one system call (the getrusage of a sample) costs from Octave,
+## over the empty call, against the same call in a C++ loop: a stored point
+## from Octave pays that difference, which the C++ loop does not.
 ##
 ##   octave-cli bench/octave_log_cost.m [BUILD_DIR]
 1;
@@ -29,6 +32,8 @@ endif
 addpath (fullfile (build, "octave"));
 addpath (fullfile (build, "octave-bench"));
 autoload ("tg_cpp_log_cost", file_in_loadpath ("tg_empty_call.oct"));
+autoload ("tg_syscall_call", file_in_loadpath ("tg_empty_call.oct"));
+autoload ("tg_cpp_syscall_cost", file_in_loadpath ("tg_empty_call.oct"));
 
 calls = 500;        # per round; a round of logging stores 2 * calls points
 rounds = 61;
@@ -39,6 +44,8 @@ GaugeKit.Tracer.enable (grouping, true);
 GaugeKit.Tracer.clearRawData ();
 tg_empty_call (grouping, phase, true);
 tg_cpp_log_cost (grouping, phase, 1);
+tg_syscall_call (grouping, phase, true);
+tg_cpp_syscall_cost (1);
 GaugeKit.Tracer.logORRERYData (grouping, phase, true);
 GaugeKit.Tracer.logORRERYData (grouping, phase, false);
 
@@ -48,6 +55,8 @@ off_us = zeros (rounds, 1);
 cpp_us = zeros (rounds, 1);
 plain_us = zeros (rounds, 1);
 profiled_us = zeros (rounds, 1);
+syscall_us = zeros (rounds, 1);
+cpp_syscall_us = zeros (rounds, 1);
 for r = 1:rounds
   ## The same call with its grouping off: the adapter's share, without the
   ## sample the core takes for a stored point.
@@ -72,6 +81,13 @@ for r = 1:rounds
   endfor
   log_us(r) = toc / (2 * calls) * 1e6;
   cpp_us(r) = tg_cpp_log_cost (grouping, phase, calls);
+  tic;
+  for i = 1:calls
+    tg_syscall_call (grouping, phase, true);
+    tg_syscall_call (grouping, phase, false);
+  endfor
+  syscall_us(r) = toc / (2 * calls) * 1e6 - empty_us(r);
+  cpp_syscall_us(r) = tg_cpp_syscall_cost (2 * calls);
   ## Keeps the store from growing across rounds.
   GaugeKit.Tracer.clearRawData ();
   ## What the profiler adds to a call of a function that does nothing.
@@ -111,3 +127,5 @@ printf ("octave_log_cost: GaugeKit.Tracer.logORRERYData %6.2f us; goal <= empty 
 printf ("octave_log_cost: the same call, grouping off   %6.2f us\n", median (off_us));
 printf ("octave_log_cost: a phase (two calls)           %6.2f us; profile on adds %.2f us to each function call\n",
         2 * logged, profiler);
+printf ("octave_log_cost: one getrusage from Octave     %6.2f us over the empty call; in a C++ loop %.2f us\n",
+        median (syscall_us), median (cpp_syscall_us));
