@@ -35,16 +35,21 @@ const char* const kHostileNames[] = {
     "<!--<script>window.injected = 3;",
 };
 
+// `prefix` followed by `n` in `digits` digits.
+std::string numbered(const char* prefix, int n, int digits) {
+  char text[48];
+  std::snprintf(text, sizeof text, "%s%0*d", prefix, digits, n);
+  return text;
+}
+
 // A run of `count` phase executions, named "Step 000" ... (repeating after
 // `names`), with times that vary from one execution to the next.
 RawPointVector manyPhases(int count, int names, bool detailed) {
   tgreport::RunBuilder run(detailed);
   std::uint32_t state = 12345;
   for (int i = 0; i < count; ++i) {
-    char name[32];
-    std::snprintf(name, sizeof name, "Step %03d", i % names);
     state = state * 1664525u + 1013904223u;
-    run.phase(name, 0.05 * static_cast<double>(state >> 16) / 65536.0);
+    run.phase(numbered("Step ", i % names, 3), 0.05 * static_cast<double>(state >> 16) / 65536.0);
   }
   return run.take();
 }
@@ -77,11 +82,9 @@ RawPointVector chartRun(int count, double scale, std::string_view extra = "", in
         (500 + 40 * k) * mb, (300 + 20 * k) * mb, (400 + 30 * k) * mb, (100 + 10 * k) * mb, (200 + 25 * k) * mb);
   };
   for (int i = 0; i < count; ++i) {
-    char name[32];
-    std::snprintf(name, sizeof name, "Step %05d", i % names);
     if (!extra.empty() && i == extraAt) run.phase(extra, 0.01);
     run.phase(i == count - 1 ? "A phase whose name is far too long to stand above its column " + std::string(120, 'x')
-                             : std::string(name),
+                             : numbered("Step ", i % names, 5),
               0.01);
   }
   return run.take();
@@ -112,14 +115,8 @@ RawPointVector chains(int branches, int depth) {
   tgreport::RunBuilder run(false);
   run.open("Root");
   for (int b = 0; b < branches; ++b) {
-    std::vector<std::string> names;
-    char name[32];
-    std::snprintf(name, sizeof name, "Branch %05d", b);
-    names.emplace_back(name);
-    for (int level = 1; level < depth; ++level) {
-      std::snprintf(name, sizeof name, "Level %04d", level);
-      names.emplace_back(name);
-    }
+    std::vector<std::string> names{numbered("Branch ", b, 5)};
+    for (int level = 1; level < depth; ++level) names.push_back(numbered("Level ", level, 4));
     for (const auto& n : names) run.open(n);
     for (auto it = names.rbegin(); it != names.rend(); ++it) run.close(*it, 0.00001);
   }
