@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// A fixture for the tests of stored points as rows: the host's root set to
-// "/opt/host" for the test, and one point of each class, the Loomchart one
+// A fixture for the tests of stored points as rows: the current root set to
+// "/opt/host" for the test (the host answers it too), and one point of each class, the Loomchart one
 // with every field set, the host one without memory records, the Cogwheel
 // one a gap.
 #pragma once
@@ -8,18 +8,14 @@
 #include <memory>
 #include <string>
 
-#include "collect_store_reset.h"
+#include "root_host.h"
 
-class StorePointsTest : public CollectStoreTest {
+class StorePointsTest : public RootHostTest {
  protected:
   void SetUp() override {
-    CollectStoreTest::SetUp();
-    savedRoot_ = hostRootPath();
-    hostRootPathSet("/opt/host");
-  }
-  void TearDown() override {
-    hostRootPathSet(savedRoot_);
-    CollectStoreTest::TearDown();
+    RootHostTest::SetUp();
+    host->root = "/opt/host";
+    hostRootPathSet(host->root);
   }
 
   static std::int32_t id(std::uint32_t kind, const std::string& name) { return tgGetId(kind, name); }
@@ -46,14 +42,11 @@ class StorePointsTest : public CollectStoreTest {
     cw->statisticsTypeId = lc->statisticsTypeId;
     cw->flags.isGap = 1;
     cw->wallTime = 1.0 / 3.0;
-    auto host = std::make_shared<TGORRERYDataPoint>();
-    host->phaseId = id(tg::kPhaseKind, "host phase");
-    host->detailedMemStats.reset();
-    host->basicMemStats.reset();
-    host->cpuTime = 1e-9;
-    return {host, cw, lc};
+    auto orrery = std::make_shared<TGORRERYDataPoint>();
+    orrery->phaseId = id(tg::kPhaseKind, "host phase");
+    orrery->detailedMemStats.reset();
+    orrery->basicMemStats.reset();
+    orrery->cpuTime = 1e-9;
+    return {orrery, cw, lc};
   }
-
- private:
-  std::string savedRoot_;
 };

@@ -13,12 +13,10 @@
 #include <random>
 #include <vector>
 
-#include "collect_store_reset.h"
 #include "host/data_file.h"
-#include "host/host_bridge.h"
-#include "host/standalone_bridge.h"
 #include "host_array_text.h"
 #include "raised_text.h"
+#include "root_host.h"
 #include "scratch_files.h"
 #include "scripting/errors.h"
 #include "store/raw_points_array.h"
@@ -28,17 +26,6 @@
 namespace fs = std::filesystem;
 
 namespace {
-
-// The stand-alone host, with a root of the test's choosing.
-class RootHost : public StandaloneBridge {
- public:
-  int call(std::string_view name, tgArrayView<oxArrayPtr> outputs, tgArrayView<const oxArray* const> inputs) override {
-    if (name != "orreryroot") return StandaloneBridge::call(name, outputs, inputs);
-    if (!outputs.empty()) outputs[0] = oxCreateString(root);
-    return 0;
-  }
-  std::string root = "/opt/testhost";
-};
 
 // Offsets at which the file's top-level elements end (compressed elements
 // are not padded).
@@ -55,17 +42,11 @@ std::vector<std::uintmax_t> elementEnds(const std::string& file) {
   return ends;
 }
 
-class TraceFile : public CollectStoreTest {
+class TraceFile : public RootHostTest {
  protected:
   void SetUp() override {
-    CollectStoreTest::SetUp();
-    savedRoot_ = hostRootPath();
-    tgSetHostBridge(host);
-  }
-  void TearDown() override {
-    tgSetHostBridge(nullptr);
-    hostRootPathSet(savedRoot_);
-    CollectStoreTest::TearDown();
+    RootHostTest::SetUp();
+    host->root = "/opt/testhost";
   }
   std::string path(const std::string& name) const { return scratch_.path(name); }
 
@@ -83,9 +64,7 @@ class TraceFile : public CollectStoreTest {
     tgEnableTracer(grouping, false);
   }
 
-  std::string savedRoot_;
   tgtest::ScratchDir scratch_{"tg_trace_file"};
-  std::shared_ptr<RootHost> host = std::make_shared<RootHost>();
 };
 
 // The order of the three variables, as Octave's load sees it, is tested in
