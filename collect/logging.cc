@@ -129,7 +129,7 @@ void TempoGauge::sampleInto(TGORRERYDataPoint& point) {
 }
 
 void TempoGauge::sample(RawPointFields& point) {
-  // The detailed scan first, so that its cost falls before the stamps.
+  // Memory first, so that the cost of reading it falls before the stamps.
   point.hasBasic = true;  // a failed read leaves the zero-filled record
   point.basic = {};
   point.detailedState = RawPointFields::Detailed::kZero;
@@ -140,16 +140,11 @@ void TempoGauge::sample(RawPointFields& point) {
                       static_cast<double>(memoryScanner->nonProcessBytes)};
     point.detailedState = RawPointFields::Detailed::kFigures;
   }
-  // The CPU time comes with the memory counters, from the same getrusage
-  // call: a system call fewer per point. The wall clock needs none.
-  if (tg::host::ProcessCounters counters; tg::host::readProcessCounters(counters)) {
+  if (tg::host::ProcessCounters counters; tg::host::readProcessCounters(counters))
     point.basic = {static_cast<double>(counters.residentBytes), static_cast<double>(counters.peakResidentBytes),
                    static_cast<double>(counters.virtualBytes)};
-    point.cpuTime = counters.cpuSeconds;
-  } else {
-    point.cpuTime = huCPUtime();
-  }
   point.wallTime = huRealtime();
+  point.cpuTime = huCPUtime();
 }
 
 // ---- Exports ------------------------------------------------------------------

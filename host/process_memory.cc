@@ -66,10 +66,6 @@ bool nextNumber(const char*& at, const char* end, std::uint64_t& value) noexcept
   return true;
 }
 
-double secondsOf(const timeval& time) noexcept {
-  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
-}
-
 }  // namespace
 
 bool readProcessCounters(ProcessCounters& out) noexcept {
@@ -91,8 +87,6 @@ bool readProcessCounters(ProcessCounters& out) noexcept {
   out.virtualBytes = sizePages * pageSize;
   const std::uint64_t reportedPeak = static_cast<std::uint64_t>(usage.ru_maxrss) * 1024u;
   out.peakResidentBytes = statm.raisePeak(std::max(reportedPeak, out.residentBytes));
-  // The kernel keeps user plus system time of the process monotone.
-  out.cpuSeconds = secondsOf(usage.ru_utime) + secondsOf(usage.ru_stime);
   return true;
 }
 

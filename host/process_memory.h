@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: BSD-3-Clause
-// The process's counters a logged point records, read cheaply enough for
-// every point: one pread of a kept-open /proc/self/statm and one getrusage
-// call, which gives the peak and the CPU time together. Every system call
-// counts: each one costs a microsecond or more here, and the first one after
-// a stretch of interpreter work costs several times that.
+// The process's memory counters, read cheaply enough for every logged point:
+// one pread of a kept-open /proc/self/statm and one getrusage call.
 #pragma once
 
 #include <cstdint>
@@ -16,9 +13,6 @@ struct ProcessCounters {
   // below a peak read before in the same process.
   std::uint64_t peakResidentBytes = 0;
   std::uint64_t virtualBytes = 0;       // virtual size (the page file usage)
-  // CPU time of the whole process (every thread, user and system), in
-  // seconds to the microsecond; never falls from one read to the next.
-  double cpuSeconds = 0.0;
 };
 
 // Fills `out`; false (and `out` untouched) when the counters can't be read.

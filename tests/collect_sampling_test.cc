@@ -41,12 +41,6 @@ TEST(Sampling, ClocksMoveForward) {
   EXPECT_GT(huRealtime(), wall);
   EXPECT_GT(huCPUtime(), cpu);
   EXPECT_GT(wall, 0.0);
-  // The counters carry the same CPU time, to the microsecond.
-  const double before = huCPUtime();
-  tg::host::ProcessCounters counters;
-  ASSERT_TRUE(tg::host::readProcessCounters(counters));
-  EXPECT_GE(counters.cpuSeconds, before - 2e-6);
-  EXPECT_LE(counters.cpuSeconds, huCPUtime());
 }
 
 // Over a workload that grows and frees memory, every logged point's peak is at
